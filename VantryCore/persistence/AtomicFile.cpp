@@ -1,0 +1,127 @@
+#include "VantryCore/persistence/AtomicFile.h"
+
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace vantry {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view temporaryEnding = ".tmp";
+
+std::string temporaryBeginning(const fs::path& file) {
+    return "." + file.filename().string() + ".";
+}
+
+fs::path folderOf(const fs::path& file) {
+    return file.has_parent_path() ? file.parent_path() : fs::path(".");
+}
+
+/// The permissions that the process gives to a new file. There is no way to ask without setting; the call
+/// that follows puts it back, and nothing else runs in between on the one thread that saves.
+mode_t newFileMode() {
+    static const mode_t mode = [] {
+        const mode_t mask = ::umask(022);
+        ::umask(mask);
+        return static_cast<mode_t>(0666 & ~mask);
+    }();
+    return mode;
+}
+
+/// Removes the temporary file unless the write came to its end.
+class Temporary {
+public:
+    Temporary(const fs::path& name, FileOperations& operations)
+        : path(name)
+        , disk(operations)
+        , file(operations.createForWriting(name)) {}
+    Temporary(const Temporary&) = delete;
+    Temporary& operator=(const Temporary&) = delete;
+    ~Temporary() {
+        if (file != -1)
+            ::close(file);
+        if (!renamed)
+            disk.remove(path);
+    }
+
+    FileIdentity fill(std::string_view bytes, mode_t mode) {
+        disk.write(file, bytes, path);
+        disk.setMode(file, mode, path);
+        disk.sync(file, path);
+        struct stat info {};
+        if (::fstat(file, &info) != 0)
+            throw std::system_error(errno, std::generic_category(), path.string());
+        disk.close(std::exchange(file, -1), path);
+        return {info.st_dev, info.st_ino};
+    }
+    void takeOver(const fs::path& target) {
+        disk.rename(path, target);
+        renamed = true;
+    }
+
+private:
+    const fs::path& path;
+    FileOperations& disk;
+    int file;
+    bool renamed = false;
+};
+
+}  // namespace
+
+fs::path AtomicFile::temporaryName(const fs::path& file) {
+    return folderOf(file) / (temporaryBeginning(file) + freshNamePart() + std::string(temporaryEnding));
+}
+
+fs::path AtomicFile::resolved(const fs::path& file) {
+    fs::path path = file;
+    std::error_code error;
+    // As many steps as Linux takes itself before it speaks of a circle.
+    for (int step = 0; step < 40; ++step) {
+        const fs::path target = fs::read_symlink(path, error);
+        if (error)
+            return path;
+        path = target.is_absolute() ? target : folderOf(path) / target;
+    }
+    throw std::system_error(ELOOP, std::generic_category(), file.string());
+}
+
+FileIdentity AtomicFile::write(const fs::path& file, std::string_view bytes, FileOperations& disk) {
+    const fs::path target = resolved(file);
+    const auto existing = disk.status(target);
+    if (existing && S_ISDIR(existing->mode))
+        throw std::system_error(EISDIR, std::generic_category(), file.string());
+    const fs::path name = temporaryName(target);
+    Temporary temporary(name, disk);
+    const FileIdentity identity = temporary.fill(bytes, existing ? existing->mode : newFileMode());
+    temporary.takeOver(target);
+    disk.syncFolder(folderOf(target));
+    return identity;
+}
+
+void AtomicFile::removeLeftovers(const fs::path& file) noexcept {
+    try {
+        const std::string beginning = temporaryBeginning(file);
+        for (const auto& entry : fs::directory_iterator(folderOf(file))) {
+            const std::string name = entry.path().filename().string();
+            if (!name.starts_with(beginning) || !name.ends_with(temporaryEnding))
+                continue;
+            const int left = ::open(entry.path().c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+            if (left == -1)
+                continue;
+            if (::flock(left, LOCK_EX | LOCK_NB) == 0)
+                ::unlink(entry.path().c_str());
+            ::close(left);
+        }
+    } catch (const std::exception&) {
+        // A folder that cannot be listed keeps its leftovers; the save itself will tell what is wrong.
+    }
+}
+
+}  // namespace vantry

@@ -1,0 +1,207 @@
+#include "VantryCore/persistence/DiskStore.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "VantryCore/persistence/AtomicFile.h"
+#include "VantryCore/persistence/Codec.h"
+#include "VantryCore/persistence/LibraryValidation.h"
+
+namespace vantry {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t chunkSize = 1U << 18;
+
+/// A file that is open for reading.
+class OpenFile {
+public:
+    OpenFile(const fs::path& name, FileOperations& operations)
+        : path(name)
+        , disk(operations)
+        , file(operations.openForReading(name)) {}
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+    ~OpenFile() { ::close(file); }
+
+    [[nodiscard]] std::size_t read(char* buffer, std::size_t size) {
+        return disk.read(file, buffer, size, path);
+    }
+    [[nodiscard]] FileStatus status() const {
+        struct stat info {};
+        if (::fstat(file, &info) != 0)
+            throw std::system_error(errno, std::generic_category(), path.string());
+        return {{info.st_dev, info.st_ino}, static_cast<std::uint64_t>(info.st_size), info.st_mode};
+    }
+
+private:
+    const fs::path& path;
+    FileOperations& disk;
+    int file;
+};
+
+/// Reads what is left of the file behind what `bytes` holds, with room for decoding in place.
+void readRest(OpenFile& file, std::uint64_t expectedSize, std::string& bytes) {
+    bytes.reserve(std::max<std::size_t>(expectedSize, bytes.size()) + chunkSize + readingPadding);
+    while (true) {
+        const std::size_t before = bytes.size();
+        bytes.resize(before + chunkSize);
+        const std::size_t count = file.read(bytes.data() + before, chunkSize);
+        bytes.resize(before + count);
+        if (count == 0)
+            return;
+    }
+}
+
+struct FileContent {
+    std::string bytes;      ///< empty when they are those that were known
+    bool isKnown = false;   ///< the bytes are the known ones, to the last
+    FileIdentity identity;  ///< of the file that was read
+};
+
+/// Reads the file in chunks beside the known bytes. Only a file that differs is kept in memory.
+FileContent readBeside(const fs::path& path, std::string_view known, bool hasKnown, FileOperations& disk) {
+    OpenFile file(path, disk);
+    const FileStatus status = file.status();
+    FileContent content;
+    content.identity = status.identity;
+    if (hasKnown && status.size == known.size()) {
+        std::vector<char> chunk(chunkSize);
+        std::size_t at = 0;
+        while (true) {
+            const std::size_t count = file.read(chunk.data(), chunk.size());
+            if (count == 0 && at == known.size()) {
+                content.isKnown = true;
+                return content;
+            }
+            if (count == 0 || count > known.size() - at ||
+                std::memcmp(chunk.data(), known.data() + at, count) != 0) {
+                content.bytes.assign(known.substr(0, at));
+                content.bytes.append(chunk.data(), count);
+                if (count == 0)
+                    return content;
+                break;
+            }
+            at += count;
+        }
+    }
+    readRest(file, status.size, content.bytes);
+    return content;
+}
+
+Library decodeAndValidate(std::string& bytes) {
+    bytes.reserve(bytes.size() + readingPadding);
+    auto library = decodePadded<Library>(bytes);
+    validate(library);
+    return library;
+}
+
+/// Makes the file that was read the previous generation without copying it. Answers whether that worked.
+bool linkAsPrevious(const fs::path& file, const fs::path& previous, const FileIdentity& read,
+                    FileOperations& disk) {
+    const auto before = disk.status(previous);
+    if (before && before->identity == read) {
+        // A crash stopped the last save between its two steps. A rename between two names of one file would
+        // do nothing but leave the temporary name behind.
+        std::error_code error;
+        return !fs::is_symlink(previous, error);
+    }
+    const fs::path name = AtomicFile::temporaryName(previous);
+    if (!disk.link(file, name))
+        return false;
+    // The name may lead to another file by now; only the one that was read may become the previous one.
+    const auto linked = disk.status(name);
+    if (!linked || !linked->isRegularFile() || !(linked->identity == read)) {
+        disk.remove(name);
+        return false;
+    }
+    try {
+        disk.rename(name, previous);
+    } catch (...) {
+        disk.remove(name);
+        throw;
+    }
+    return true;
+}
+
+void keepPrevious(const fs::path& file, const FileIdentity& read, std::string_view bytes,
+                  FileOperations& disk) {
+    const fs::path previous = DiskStore::previousOf(file);
+    if (!linkAsPrevious(file, previous, read, disk)) {
+        // "previous" stands beside the path that was passed in: a link in its place is replaced, not
+        // followed.
+        std::error_code error;
+        if (fs::is_symlink(previous, error))
+            disk.remove(previous);
+        AtomicFile::write(previous, bytes, disk);
+    }
+}
+
+}  // namespace
+
+fs::path DiskStore::previousOf(const fs::path& file) {
+    fs::path previous = file;
+    previous += ".previous";
+    return previous;
+}
+
+Library DiskStore::read(const fs::path& file, SavedFile* known, FileOperations& disk) {
+    if (known != nullptr)
+        known->forget();
+    if (!disk.status(file))
+        return {};
+    std::string bytes = readBeside(file, {}, false, disk).bytes;
+    Library library = decodeAndValidate(bytes);
+    if (known != nullptr) {
+        known->path = file;
+        known->bytes = std::move(bytes);
+        known->library = library;
+    }
+    return library;
+}
+
+void DiskStore::write(const Library& library, const fs::path& file, SavedFile* known, FileOperations& disk) {
+    SavedFile nobody;
+    SavedFile& memory = known != nullptr ? *known : nobody;
+    const bool knows = memory.knows(file);
+    if (knows)
+        validate(library, memory.library);
+    else
+        validate(library);
+    const fs::path folder = file.has_parent_path() ? file.parent_path() : fs::path(".");
+    disk.createFolders(folder);
+    AtomicFile::removeLeftovers(file);
+    AtomicFile::removeLeftovers(previousOf(file));
+
+    std::optional<FileContent> old;
+    if (disk.status(file)) {
+        old = readBeside(file, memory.bytes, knows, disk);
+        if (!old->isKnown) {
+            Library onDisk = decodeAndValidate(old->bytes);
+            memory.path = file;
+            memory.bytes = std::move(old->bytes);
+            memory.library = std::move(onDisk);
+        }
+        if (memory.library == library)
+            return;
+    }
+
+    std::string& fresh = memory.spare;
+    Codec::encode(library, fresh);
+    if (old)
+        keepPrevious(file, old->identity, memory.bytes, disk);
+    AtomicFile::write(file, fresh, disk);
+    memory.path = file;
+    memory.bytes.swap(fresh);
+    memory.library = library;
+}
+
+}  // namespace vantry

@@ -1,0 +1,325 @@
+#include "VantryCore/persistence/JsonReader.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <optional>
+#include <unordered_set>
+#include <vector>
+
+#include <simdjson.h>
+
+#include "VantryCore/persistence/Base64.h"
+#include "VantryCore/persistence/RecordTable.h"
+#include "VantryCore/persistence/VantryError.h"
+#include "VantryCore/records/Library.h"
+
+namespace vantry {
+namespace {
+
+using simdjson::dom::element;
+using simdjson::dom::element_type;
+
+static_assert(readingPadding >= simdjson::SIMDJSON_PADDING);
+
+/// Where in the document a value stands, as a chain from the value outwards. Lives on the stack.
+struct Place {
+    const Place* outer = nullptr;
+    std::string_view key;
+    std::size_t index = 0;
+
+    [[nodiscard]] std::string text() const {
+        if (outer == nullptr)
+            return {};
+        std::string path = outer->text();
+        if (key.data() == nullptr)
+            return path + "[" + std::to_string(index) + "]";
+        return path.empty() ? std::string(key) : path + "." + std::string(key);
+    }
+    [[nodiscard]] Place at(std::string_view name) const { return {this, name, 0}; }
+    [[nodiscard]] Place at(std::size_t position) const { return {this, {}, position}; }
+};
+
+[[noreturn]] void fail(const Place& place, const std::string& reason) {
+    throw DecodingError(place.text(), reason);
+}
+
+std::string quoted(std::string_view text) {
+    return "\"" + std::string(text) + "\"";
+}
+
+std::string_view kindOf(const element& value) {
+    switch (value.type()) {
+    case element_type::ARRAY:
+        return "a list";
+    case element_type::OBJECT:
+        return "an object";
+    case element_type::STRING:
+        return "a text";
+    case element_type::BOOL:
+        return "a truth value";
+    case element_type::NULL_VALUE:
+        return "null";
+    default:
+        return "a number";
+    }
+}
+
+[[noreturn]] void failKind(const Place& place, std::string_view expected, const element& value) {
+    fail(place, "expected " + std::string(expected) + ", found " + std::string(kindOf(value)));
+}
+
+[[noreturn]] void failRepeatedKey(const Place& place, std::string_view key) {
+    fail(place, "the key " + quoted(key) + " stands twice");
+}
+
+/// Looks through a part that no record knows, for keys that stand twice.
+void readIgnored(const element& value, const Place& place) {
+    if (value.type() == element_type::ARRAY) {
+        std::size_t index = 0;
+        for (const element item : simdjson::dom::array(value))
+            readIgnored(item, place.at(index++));
+    } else if (value.type() == element_type::OBJECT) {
+        std::unordered_set<std::string_view> keys;
+        for (const auto& [key, item] : simdjson::dom::object(value)) {
+            if (!keys.insert(key).second)
+                failRepeatedKey(place, key);
+            readIgnored(item, place.at(key));
+        }
+    }
+}
+
+std::string_view readText(const element& value, const Place& place) {
+    std::string_view text;
+    if (value.get(text) != simdjson::SUCCESS)
+        failKind(place, "a text", value);
+    return text;
+}
+
+void read(const element& value, Text& out, const Place& place) {
+    out = Text(readText(value, place));
+}
+
+void read(const element& value, bool& out, const Place& place) {
+    if (value.get(out) != simdjson::SUCCESS)
+        failKind(place, "a truth value", value);
+}
+
+void read(const element& value, std::int64_t& out, const Place& place) {
+    switch (value.type()) {
+    case element_type::INT64:
+        out = std::int64_t(value);
+        return;
+    case element_type::UINT64:
+        fail(place, "the integer is beyond 64 bits");
+    case element_type::DOUBLE: {
+        const double number = double(value);
+        if (std::trunc(number) != number)
+            fail(place, "expected an integer, found a fraction");
+        // 2^63 itself is no signed integer any more, -2^63 is.
+        if (!(number >= -0x1p63 && number < 0x1p63))
+            fail(place, "the integer is beyond 64 bits");
+        out = static_cast<std::int64_t>(number);
+        return;
+    }
+    default:
+        failKind(place, "an integer", value);
+    }
+}
+
+void read(const element& value, double& out, const Place& place) {
+    switch (value.type()) {
+    case element_type::INT64:
+        out = static_cast<double>(std::int64_t(value));
+        return;
+    case element_type::UINT64:
+        out = static_cast<double>(std::uint64_t(value));
+        return;
+    case element_type::DOUBLE:
+        out = double(value);
+        return;
+    default:
+        failKind(place, "a number", value);
+    }
+}
+
+void read(const element& value, Moment& out, const Place& place) {
+    read(value, out.seconds, place);
+}
+
+void read(const element& value, Identifier& out, const Place& place) {
+    const std::string_view text = readText(value, place);
+    const auto id = Identifier::parse(text);
+    if (!id)
+        fail(place, quoted(text) + " is no identifier");
+    out = *id;
+}
+
+template <TextEnum E>
+void read(const element& value, E& out, const Place& place) {
+    const std::string_view text = readText(value, place);
+    const auto& texts = EnumTexts<E>::texts;
+    const auto found = std::find(texts.begin(), texts.end(), text);
+    if (found == texts.end())
+        fail(place, quoted(text) + " is not one of the known texts");
+    out = static_cast<E>(found - texts.begin());
+}
+
+void read(const element& value, Bytes& out, const Place& place) {
+    auto bytes = decodeBase64(readText(value, place));
+    if (!bytes)
+        fail(place, "the text is not Base64");
+    out = std::move(*bytes);
+}
+
+void read(const element& value, TextMap& out, const Place& place) {
+    simdjson::dom::object object;
+    if (value.get(object) != simdjson::SUCCESS)
+        failKind(place, "an object", value);
+    out = {};
+    std::vector<std::string_view> keys;
+    keys.reserve(object.size());
+    bool ascending = true;
+    for (const auto& [key, item] : object) {
+        ascending = ascending && (keys.empty() || keys.back() < key);
+        keys.push_back(key);
+        out.set(Text(key), Text(readText(item, place.at(key))));
+    }
+    if (!ascending) {
+        std::sort(keys.begin(), keys.end());
+        if (const auto twice = std::adjacent_find(keys.begin(), keys.end()); twice != keys.end())
+            failRepeatedKey(place, *twice);
+    }
+}
+
+template <Record T>
+void read(const element& value, T& out, const Place& place);
+
+template <class T>
+void read(const element& value, Node<T>& out, const Place& place) {
+    read(value, out.edit(), place);
+}
+
+template <class T>
+void read(const element& value, std::vector<T>& out, const Place& place) {
+    simdjson::dom::array array;
+    if (value.get(array) != simdjson::SUCCESS)
+        failKind(place, "a list", value);
+    out.clear();
+    out.reserve(array.size());
+    for (const element item : array) {
+        const Place here = place.at(out.size());
+        read(item, out.emplace_back(), here);
+    }
+}
+
+template <class T>
+void read(const element& value, std::optional<T>& out, const Place& place) {
+    out.reset();
+    if (!value.is_null())
+        read(value, out.emplace(), place);
+}
+
+template <class T>
+inline constexpr bool isOptional = false;
+template <class T>
+inline constexpr bool isOptional<std::optional<T>> = true;
+
+template <Record T>
+using ReadField = void (*)(const element&, T&, const Place&);
+
+/// One function for each key of a record, in the order of the sorted table.
+template <Record T>
+constexpr auto fieldReaders() {
+    return []<std::size_t... I>(std::index_sequence<I...>) {
+        return std::array<ReadField<T>, sizeof...(I)>{
+            [](const element& value, T& record, const Place& place) {
+                read(value, record.*(sortedField<T, I>().member), place);
+            }...};
+    }
+    (std::make_index_sequence<fieldCount<T>>());
+}
+
+template <Record T>
+constexpr std::uint32_t requiredFields() {
+    return []<std::size_t... I>(std::index_sequence<I...>) {
+        return ((isOptional<typename decltype(sortedField<T, I>())::Value> ? 0U : 1U << I) | ...);
+    }
+    (std::make_index_sequence<fieldCount<T>>());
+}
+
+template <Record T>
+void read(const element& value, T& out, const Place& place) {
+    static constexpr auto keys = sortedKeys<T>();
+    static constexpr auto readers = fieldReaders<T>();
+    static constexpr std::uint32_t required = requiredFields<T>();
+
+    simdjson::dom::object object;
+    if (value.get(object) != simdjson::SUCCESS)
+        failKind(place, "an object", value);
+    std::uint32_t seen = 0;
+    std::size_t expected = 0;  // our own files have the keys in this very order
+    std::vector<std::string_view> unknown;
+    for (const auto& [key, item] : object) {
+        std::size_t index = expected;
+        while (index < keys.size() && keys[index] != key)
+            ++index;
+        if (index == keys.size())
+            index = static_cast<std::size_t>(std::find(keys.begin(), keys.end(), key) - keys.begin());
+        if (index == keys.size()) {
+            unknown.push_back(key);
+            readIgnored(item, place.at(key));
+            continue;
+        }
+        if ((seen >> index & 1U) != 0)
+            failRepeatedKey(place, key);
+        seen |= 1U << index;
+        expected = index + 1;
+        readers[index](item, out, place.at(keys[index]));
+    }
+    if ((seen & required) != required) {
+        std::size_t missing = 0;
+        while ((required >> missing & 1U) == 0 || (seen >> missing & 1U) != 0)
+            ++missing;
+        fail(place, "missing key " + quoted(keys[missing]));
+    }
+    if (unknown.size() > 1) {
+        std::sort(unknown.begin(), unknown.end());
+        if (const auto twice = std::adjacent_find(unknown.begin(), unknown.end()); twice != unknown.end())
+            failRepeatedKey(place, *twice);
+    }
+}
+
+}  // namespace
+
+template <class Value>
+Value decodePadded(std::string_view json) {
+    simdjson::dom::parser parser;
+    if (const auto error = parser.allocate(std::max<std::size_t>(json.size(), 1), deepestNesting);
+        error != simdjson::SUCCESS)
+        throw DecodingError({}, std::string("too large to read: ") + simdjson::error_message(error));
+    element root;
+    if (const auto error = parser.parse(json.data(), json.size(), false).get(root);
+        error != simdjson::SUCCESS)
+        throw DecodingError({}, std::string("not valid JSON: ") + simdjson::error_message(error));
+    Value value;
+    read(root, value, Place{});
+    return value;
+}
+
+template Library decodePadded<Library>(std::string_view);
+template Project decodePadded<Project>(std::string_view);
+template Act decodePadded<Act>(std::string_view);
+template Shot decodePadded<Shot>(std::string_view);
+template VantryTake decodePadded<VantryTake>(std::string_view);
+template Parameters decodePadded<Parameters>(std::string_view);
+template Stroke decodePadded<Stroke>(std::string_view);
+template Point decodePadded<Point>(std::string_view);
+template CrewMember decodePadded<CrewMember>(std::string_view);
+template CastMember decodePadded<CastMember>(std::string_view);
+template CallSheet decodePadded<CallSheet>(std::string_view);
+template CallSheetPerson decodePadded<CallSheetPerson>(std::string_view);
+template RelatedFile decodePadded<RelatedFile>(std::string_view);
+
+}  // namespace vantry
