@@ -7,4 +7,4 @@ bool VantryCreationGate::accept(const VantryCreationAction& action, double now, 
     return attempts.insert_or_assign(action, now).second;
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -17,7 +17,9 @@ struct VantryCreationAction {
     static VantryCreationAction act(const Identifier& projectID) { return {Kind::act, projectID}; }
     static VantryCreationAction shot(const Identifier& actID) { return {Kind::shot, actID}; }
     static VantryCreationAction take(const Identifier& shotID) { return {Kind::take, shotID}; }
-    static VantryCreationAction callSheet(const Identifier& projectID) { return {Kind::callSheet, projectID}; }
+    static VantryCreationAction callSheet(const Identifier& projectID) {
+        return {Kind::callSheet, projectID};
+    }
     static VantryCreationAction crew(const Identifier& projectID) { return {Kind::crew, projectID}; }
     static VantryCreationAction cast(const Identifier& projectID) { return {Kind::cast, projectID}; }
     static VantryCreationAction callSheetPerson(const Identifier& sheetID) {
@@ -34,8 +36,9 @@ struct VantryCreationAction {
 struct VantryCreationGate {
     std::map<VantryCreationAction, double> attempts;  ///< seconds of the newest attempt for each key
 
-    /// Whether an attempt at `now` may create something. `now` and `interval` are seconds of one steady clock.
+    /// Whether an attempt at `now` may create something. `now` and `interval` are seconds of one steady
+    /// clock.
     [[nodiscard]] bool accept(const VantryCreationAction& action, double now, double interval);
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -1,0 +1,121 @@
+#include "Vantry/app/AppDelegate.h"
+
+#include <array>
+#include <csignal>
+#include <cstdlib>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QSessionManager>
+#include <QSocketNotifier>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "Vantry/app/QtText.h"
+#include "Vantry/app/VantryStore.h"
+
+namespace vantry {
+namespace {
+
+/// Signals reach the event loop through this pipe; a handler may do no more than write to it.
+std::array<int, 2> signalPipe{-1, -1};
+
+extern "C" void writeToSignalPipe(int) {
+    const char wake = 1;
+    [[maybe_unused]] const auto written = ::write(signalPipe[1], &wake, 1);
+}
+
+bool askInAlert(const Text& reason) {
+    QMessageBox alert(QApplication::activeWindow());
+    alert.setIcon(QMessageBox::Warning);
+    alert.setWindowTitle(QStringLiteral("Vantry"));
+    alert.setTextFormat(Qt::PlainText);
+    alert.setText(QStringLiteral("Vantry"));
+    alert.setInformativeText(toQString(reason));
+    auto* goBack = alert.addButton(QStringLiteral("返回 / Go back"), QMessageBox::RejectRole);
+    auto* quit = alert.addButton(QStringLiteral("退出 / Quit"), QMessageBox::AcceptRole);
+    alert.setDefaultButton(goBack);
+    alert.setEscapeButton(goBack);
+    alert.exec();
+    return alert.clickedButton() == quit;
+}
+
+}  // namespace
+
+AppDelegate::AppDelegate(Question question, QObject* parent)
+    : QObject(parent)
+    , ask(question ? std::move(question) : askInAlert) {}
+
+void AppDelegate::setStore(VantryStore& guarded) {
+    if (store == &guarded)
+        return;
+    store = &guarded;
+    // What is typed after the answer was not part of it.
+    connect(store, &VantryStore::changed, this, [this](VantryStore::Member member) {
+        if (member == VantryStore::Member::library)
+            decided = false;
+    });
+}
+
+bool AppDelegate::shouldTerminate() {
+    if (asking)
+        return false;
+    if (store != nullptr) {
+        store->flush();
+        if (!decided && store->saveFailed() && store->error()) {
+            const QScopedValueRollback guard(asking, true);
+            if (!ask(*store->error()))
+                return false;
+        }
+    }
+    decided = true;
+    return true;
+}
+
+void AppDelegate::watchSystem() {
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &AppDelegate::decideSession,
+            Qt::DirectConnection);
+    if (::pipe(signalPipe.data()) != 0)
+        return;
+    for (const int end : signalPipe) {
+        ::fcntl(end, F_SETFD, FD_CLOEXEC);
+        ::fcntl(end, F_SETFL, O_NONBLOCK);
+    }
+    auto* notifier = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, &AppDelegate::endBySignal);
+    struct sigaction action {};
+    action.sa_handler = writeToSignalPipe;
+    action.sa_flags = SA_RESTART;
+    ::sigemptyset(&action.sa_mask);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+        ::sigaction(signal, &action, nullptr);
+}
+
+void AppDelegate::endBySignal() {
+    char wake = 0;
+    while (::read(signalPipe[0], &wake, 1) == 1) {
+    }
+    if (store != nullptr)
+        store->flush();
+    const bool lost = store != nullptr && store->saveFailed();
+    decided = true;
+    // Through all event loops, that of an open question too.
+    QCoreApplication::exit(lost ? EXIT_FAILURE : EXIT_SUCCESS);
+}
+
+void AppDelegate::decideSession(QSessionManager& session) {
+    if (!session.allowsInteraction()) {
+        if (store != nullptr)
+            store->flush();
+        return;
+    }
+    const bool end = shouldTerminate();
+    session.release();
+    if (!end)
+        session.cancel();
+}
+
+}  // namespace vantry

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+
+#include <QObject>
+#include <QPointer>
+
+#include "VantryCore/records/Text.h"
+
+class QSessionManager;
+
+namespace vantry {
+
+class VantryStore;
+
+/// The one guard of the process's end: closing the window, Quit, the end of the desktop session and the
+/// signals that ask a process to end all pass through it.
+class AppDelegate final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Asks the person, who is told why the last save failed, whether to quit all the same.
+    using Question = std::function<bool(const Text& reason)>;
+
+    /// Without a question of its own it shows an alert with "返回 / Go back" and "退出 / Quit".
+    explicit AppDelegate(Question question = {}, QObject* parent = nullptr);
+
+    /// The store to guard; set when the window first appears and never taken back.
+    void setStore(VantryStore& guarded);
+
+    /// Saves, and answers whether the process may end: always, unless that save failed and the person chose
+    /// to go back. Once it has answered yes it asks no second time, unless the library has changed since;
+    /// asked again while its question is on screen it says no.
+    [[nodiscard]] bool shouldTerminate();
+
+    /// Lets SIGTERM, SIGINT and SIGHUP save and end the process without a question, and puts the end of the
+    /// desktop session before `shouldTerminate`. Needs the application object; call once.
+    void watchSystem();
+
+private:
+    void endBySignal();
+    void decideSession(QSessionManager& session);
+
+    QPointer<VantryStore> store;
+    Question ask;
+    bool asking = false;
+    bool decided = false;
+};
+
+}  // namespace vantry

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QApplication>
+
+#include "Vantry/app/KeyEvents.h"
+
+namespace vantry {
+
+/// The Qt application, which also knows whether the event under way comes from a held key.
+///
+/// A shortcut never arrives as a key press: Qt offers the key as a ShortcutOverride first and, when a
+/// shortcut matches, sends a Shortcut event instead. So the repetition is remembered from the override and
+/// holds while the Shortcut event is delivered.
+class VantryApplication final : public QApplication, public KeyEvents {
+    Q_OBJECT
+
+public:
+    VantryApplication(int& argc, char** argv);
+
+    /// The running application.
+    [[nodiscard]] static VantryApplication& instance();
+
+    bool notify(QObject* receiver, QEvent* event) override;
+    [[nodiscard]] bool isRepeat() const override { return repeating; }
+
+private:
+    bool deliver(QObject* receiver, QEvent* event, bool isRepetition);
+
+    bool repeating = false;
+    bool offeredRepeat = false;
+};
+
+}  // namespace vantry

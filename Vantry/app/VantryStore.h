@@ -1,0 +1,144 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include <QObject>
+
+#include "Vantry/app/Clock.h"
+#include "Vantry/app/Observed.h"
+#include "Vantry/app/Surroundings.h"
+#include "Vantry/app/VantryCreationGate.h"
+#include "VantryCore/persistence/SavedFile.h"
+#include "VantryCore/records/Library.h"
+
+namespace vantry {
+
+/// The application's one state object: the library in memory, the user's choices, the texts of the alerts and
+/// all state of saving. Pages read it and call its operations; nothing else changes the library.
+///
+/// Everything runs on the main thread. Operations report nothing to their caller: failures go to `error`. A
+/// lookup that finds nothing changes nothing. After a failed load no operation changes library or disk.
+class VantryStore final : public QObject {
+    Q_OBJECT
+
+public:
+    /// What a notification is about.
+    enum class Member {
+        library,
+        savedLibrary,
+        language,
+        appearance,
+        error,
+        notice,
+        savedAt,
+        saveFailed,
+        loadFailed,
+        checkpoint
+    };
+    Q_ENUM(Member)
+
+    /// Opens the library in `root`; without one, in the folder that VANTRY_DATA_DIR names, else in the user's
+    /// data folder. A folder that is not there is an empty library; it appears with the first `flush`. A
+    /// library that cannot be read sets `loadFailed` and `error`.
+    explicit VantryStore(const std::optional<std::filesystem::path>& root, Surroundings around = {});
+    ~VantryStore() override;
+
+    [[nodiscard]] const std::filesystem::path& root() const noexcept { return folder; }
+    [[nodiscard]] std::filesystem::path libraryFile() const { return folder / "library.json"; }
+    [[nodiscard]] const Library& library() const noexcept { return *library_; }
+    [[nodiscard]] const Library& savedLibrary() const noexcept { return *savedLibrary_; }
+    [[nodiscard]] bool hasUnsavedChanges() const { return !(*library_ == *savedLibrary_); }
+    [[nodiscard]] const std::optional<Moment>& savedAt() const noexcept { return *savedAt_; }
+    [[nodiscard]] bool saveFailed() const noexcept { return *saveFailed_; }
+    [[nodiscard]] bool loadFailed() const noexcept { return *loadFailed_; }
+
+    [[nodiscard]] const Text& language() const noexcept { return *language_; }
+    void setLanguage(const Text& language);
+    /// The one test of the language: "en" is English, anything else Chinese.
+    [[nodiscard]] bool english() const;
+    [[nodiscard]] const Text& appearance() const noexcept { return *appearance_; }
+    void setAppearance(const Text& appearance);
+
+    [[nodiscard]] const std::optional<Text>& error() const noexcept { return *error_; }
+    void setError(std::optional<Text> text) { error_.set(std::move(text)); }
+    [[nodiscard]] const std::optional<Text>& notice() const noexcept { return *notice_; }
+    void setNotice(std::optional<Text> text) { notice_.set(std::move(text)); }
+
+    // Lookups: the record as it is now, first match, or null. It is a value of this moment and never changes.
+    [[nodiscard]] std::shared_ptr<const Project> project(const Identifier& projectID) const;
+    [[nodiscard]] std::shared_ptr<const Act> act(const Identifier& projectID, const Identifier& actID) const;
+    [[nodiscard]] std::shared_ptr<const Shot> shot(const Identifier& projectID, const Identifier& actID,
+                                                   const Identifier& shotID) const;
+    [[nodiscard]] std::shared_ptr<const VantryTake> take(const Identifier& projectID, const Identifier& actID,
+                                                         const Identifier& shotID,
+                                                         const Identifier& takeID) const;
+
+    // Edits: `mutate` changes the record; it must not call the store. If it throws, nothing has changed.
+    // The save follows 0.35 s after the last edit.
+    void updateProject(const Identifier& projectID, const std::function<void(Project&)>& mutate);
+    void updateAct(const Identifier& projectID, const Identifier& actID,
+                   const std::function<void(Act&)>& mutate);
+    void updateShot(const Identifier& projectID, const Identifier& actID, const Identifier& shotID,
+                    const std::function<void(Shot&)>& mutate);
+    void updateTake(const Identifier& projectID, const Identifier& actID, const Identifier& shotID,
+                    const Identifier& takeID, const std::function<void(VantryTake&)>& mutate);
+
+    // Creations: the new record's identifier, or one that names nothing when the target is not there.
+    Identifier addProject(const Text& title, const Text& director);  ///< on disk at once
+    Identifier addAct(const Identifier& projectID);
+    Identifier addShot(const Identifier& projectID, const Identifier& actID,
+                       const std::optional<Identifier>& after = {});
+    Identifier addTake(const Identifier& projectID, const Identifier& actID, const Identifier& shotID);
+    void moveShot(const Identifier& projectID, const Identifier& actID, const Identifier& shotID,
+                  std::int64_t offset);
+    void moveShotBefore(const Identifier& projectID, const Identifier& actID, const Identifier& shotID,
+                        const Identifier& targetID);
+    /// Takes the project out of the library and saves at once.
+    void removeProject(const Identifier& projectID);
+    /// Lets the project learn the values that it has no default for.
+    void recordDefaults(const Identifier& projectID, const Parameters& values);
+
+    /// Asked in front of every creation; false means: do nothing and show nothing.
+    [[nodiscard]] bool acceptCreation(const VantryCreationAction& action);
+
+    /// Remembers the library as it is before a structural change; first step of each.
+    void markCheckpoint();
+
+    /// Saves 0.35 s from now, unless called again before.
+    void saveSoon();
+    /// Saves now. Answers whether the disk holds the library; costs a comparison when nothing changed.
+    bool flush();
+
+signals:
+    /// A member has a different value. Never sent for an equal one.
+    void changed(vantry::VantryStore::Member member);
+
+private:
+    void load();
+    void commitCheckpoint();
+    [[nodiscard]] std::function<void()> notifier(Member member);
+    [[nodiscard]] bool libraryFileExists() const;
+
+    Surroundings around_;
+    Observed<Library> library_;
+    Observed<Text> language_;
+    Observed<Text> appearance_;
+    Observed<std::optional<Text>> error_;
+    Observed<std::optional<Text>> notice_;
+    Observed<std::optional<Moment>> savedAt_;
+    Observed<bool> saveFailed_;
+    Observed<bool> loadFailed_;
+    std::filesystem::path folder;
+    VantryCreationGate creationGate;
+    std::unique_ptr<DelayedCall> saveTask;
+    Observed<Library> savedLibrary_;
+    std::optional<Text> saveError;
+    Observed<std::optional<Library>> pendingCheckpoint_;
+    SavedFile savedFile;
+};
+
+}  // namespace vantry
