@@ -20,10 +20,6 @@ std::string temporaryBeginning(const fs::path& file) {
     return "." + file.filename().string() + ".";
 }
 
-fs::path folderOf(const fs::path& file) {
-    return file.has_parent_path() ? file.parent_path() : fs::path(".");
-}
-
 /// The permissions that the process gives to a new file. There is no way to ask without setting; the call
 /// that follows puts it back, and nothing else runs in between on the one thread that saves.
 mode_t newFileMode() {
@@ -41,7 +37,8 @@ public:
     Temporary(const fs::path& name, FileOperations& operations)
         : path(name)
         , disk(operations)
-        , file(operations.createForWriting(name)) {}
+        , file(operations.createForWriting(name))
+        , lock(::fcntl(file, F_DUPFD_CLOEXEC, 0)) {}
     Temporary(const Temporary&) = delete;
     Temporary& operator=(const Temporary&) = delete;
     ~Temporary() {
@@ -49,6 +46,8 @@ public:
             ::close(file);
         if (!renamed)
             disk.remove(path);
+        if (lock != -1)
+            ::close(lock);
     }
 
     FileIdentity fill(std::string_view bytes, mode_t mode) {
@@ -70,6 +69,7 @@ private:
     const fs::path& path;
     FileOperations& disk;
     int file;
+    int lock;  ///< keeps the file locked, and so from being taken for a leftover, until it has its name
     bool renamed = false;
 };
 

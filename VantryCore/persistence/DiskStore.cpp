@@ -132,6 +132,12 @@ bool linkAsPrevious(const fs::path& file, const fs::path& previous, const FileId
     return true;
 }
 
+/// Makes the names that a save gave last, though their file is as it should be.
+void syncFolders(const fs::path& file, FileOperations& disk) {
+    disk.syncFolder(folderOf(AtomicFile::resolved(file)));
+    disk.syncFolder(folderOf(file));
+}
+
 void keepPrevious(const fs::path& file, const FileIdentity& read, std::string_view bytes,
                   FileOperations& disk) {
     const fs::path previous = DiskStore::previousOf(file);
@@ -176,7 +182,7 @@ void DiskStore::write(const Library& library, const fs::path& file, SavedFile* k
         validate(library, memory.library);
     else
         validate(library);
-    const fs::path folder = file.has_parent_path() ? file.parent_path() : fs::path(".");
+    const fs::path folder = folderOf(file);
     disk.createFolders(folder);
     AtomicFile::removeLeftovers(file);
     AtomicFile::removeLeftovers(previousOf(file));
@@ -190,15 +196,23 @@ void DiskStore::write(const Library& library, const fs::path& file, SavedFile* k
             memory.bytes = std::move(old->bytes);
             memory.library = std::move(onDisk);
         }
-        if (memory.library == library)
+        if (memory.library == library) {
+            if (memory.folderMayBeBehind)
+                syncFolders(file, disk);
+            memory.folderMayBeBehind = false;
             return;
+        }
     }
 
     std::string& fresh = memory.spare;
     Codec::encode(library, fresh);
     if (old)
         keepPrevious(file, old->identity, memory.bytes, disk);
+    memory.folderMayBeBehind = true;
     AtomicFile::write(file, fresh, disk);
+    if (AtomicFile::resolved(file) != file)
+        disk.syncFolder(folder);  // ".previous" stands here, the new file elsewhere
+    memory.folderMayBeBehind = false;
     memory.path = file;
     memory.bytes.swap(fresh);
     memory.library = library;

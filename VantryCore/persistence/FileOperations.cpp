@@ -139,6 +139,10 @@ void FileOperations::syncFolder(const fs::path& folder) {
         fail(folder, code);
 }
 
+fs::path folderOf(const fs::path& file) {
+    return file.has_parent_path() ? file.parent_path() : fs::path(".");
+}
+
 std::string freshNamePart() {
     return Identifier::random().text().substr(0, 13);
 }

@@ -73,6 +73,8 @@ public:
     virtual void syncFolder(const std::filesystem::path& folder);
 };
 
+/// The folder that a file stands in; "." for a bare name.
+[[nodiscard]] std::filesystem::path folderOf(const std::filesystem::path& file);
 /// A random part for the name of a temporary file.
 [[nodiscard]] std::string freshNamePart();
 

@@ -15,7 +15,8 @@ struct SavedFile {
     std::filesystem::path path;  ///< empty while nothing is known
     std::string bytes;
     Library library;
-    std::string spare;  ///< memory of the generation before, for the next encoding
+    std::string spare;               ///< memory of the generation before, for the next encoding
+    bool folderMayBeBehind = false;  ///< the last write could not sync the folder
 
     [[nodiscard]] bool knows(const std::filesystem::path& file) const {
         return !path.empty() && path == file;
