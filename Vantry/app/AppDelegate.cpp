@@ -3,6 +3,7 @@
 #include <array>
 #include <csignal>
 #include <cstdlib>
+#include <utility>
 
 #include <QApplication>
 #include <QMessageBox>
@@ -28,6 +29,17 @@ extern "C" void writeToSignalPipe(int) {
     [[maybe_unused]] const auto written = ::write(signalPipe[1], &wake, 1);
 }
 
+constexpr std::array endingSignals{SIGTERM, SIGINT, SIGHUP};
+
+void handleEndingSignals(void (*handler)(int)) {
+    struct sigaction action {};
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    ::sigemptyset(&action.sa_mask);
+    for (const int signal : endingSignals)
+        ::sigaction(signal, &action, nullptr);
+}
+
 bool askInAlert(const Text& reason) {
     QMessageBox alert(QApplication::activeWindow());
     alert.setIcon(QMessageBox::Warning);
@@ -48,6 +60,14 @@ bool askInAlert(const Text& reason) {
 AppDelegate::AppDelegate(Question question, QObject* parent)
     : QObject(parent)
     , ask(question ? std::move(question) : askInAlert) {}
+
+AppDelegate::~AppDelegate() {
+    if (!watching)
+        return;
+    handleEndingSignals(SIG_DFL);
+    for (int& end : signalPipe)
+        ::close(std::exchange(end, -1));
+}
 
 void AppDelegate::setStore(VantryStore& guarded) {
     if (store == &guarded)
@@ -86,12 +106,8 @@ void AppDelegate::watchSystem() {
     }
     auto* notifier = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, &AppDelegate::endBySignal);
-    struct sigaction action {};
-    action.sa_handler = writeToSignalPipe;
-    action.sa_flags = SA_RESTART;
-    ::sigemptyset(&action.sa_mask);
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
-        ::sigaction(signal, &action, nullptr);
+    watching = true;
+    handleEndingSignals(writeToSignalPipe);
 }
 
 void AppDelegate::endBySignal() {

@@ -24,6 +24,7 @@ public:
 
     /// Without a question of its own it shows an alert with "返回 / Go back" and "退出 / Quit".
     explicit AppDelegate(Question question = {}, QObject* parent = nullptr);
+    ~AppDelegate() override;
 
     /// The store to guard; set when the window first appears and never taken back.
     void setStore(VantryStore& guarded);
@@ -43,6 +44,7 @@ private:
 
     QPointer<VantryStore> store;
     Question ask;
+    bool watching = false;
     bool asking = false;
     bool decided = false;
 };

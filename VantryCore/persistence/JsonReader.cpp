@@ -173,24 +173,30 @@ void read(const element& value, Bytes& out, const Place& place) {
     out = std::move(*bytes);
 }
 
+void refuseRepeatedKeys(const std::vector<TextMap::Entry>& entries, const Place& place) {
+    std::vector<std::string_view> keys;
+    keys.reserve(entries.size());
+    for (const auto& [key, value] : entries)
+        keys.push_back(key.utf8());
+    std::sort(keys.begin(), keys.end());
+    if (const auto twice = std::adjacent_find(keys.begin(), keys.end()); twice != keys.end())
+        failRepeatedKey(place, *twice);
+}
+
 void read(const element& value, TextMap& out, const Place& place) {
     simdjson::dom::object object;
     if (value.get(object) != simdjson::SUCCESS)
         failKind(place, "an object", value);
-    out = {};
-    std::vector<std::string_view> keys;
-    keys.reserve(object.size());
+    std::vector<TextMap::Entry> entries;
+    entries.reserve(object.size());
     bool ascending = true;
     for (const auto& [key, item] : object) {
-        ascending = ascending && (keys.empty() || keys.back() < key);
-        keys.push_back(key);
-        out.set(Text(key), Text(readText(item, place.at(key))));
+        ascending = ascending && (entries.empty() || entries.back().first.utf8() < key);
+        entries.emplace_back(Text(key), Text(readText(item, place.at(key))));
     }
-    if (!ascending) {
-        std::sort(keys.begin(), keys.end());
-        if (const auto twice = std::adjacent_find(keys.begin(), keys.end()); twice != keys.end())
-            failRepeatedKey(place, *twice);
-    }
+    if (!ascending)
+        refuseRepeatedKeys(entries, place);
+    out = TextMap(std::move(entries));
 }
 
 template <Record T>

@@ -3,7 +3,7 @@
 namespace vantry {
 
 const char* VantryError::what() const noexcept {
-    switch (which_) {
+    switch (kind) {
     case Case::invalidBackup:
         return "备份格式或校验不正确 / Invalid backup or checksum";
     case Case::missingMedia:

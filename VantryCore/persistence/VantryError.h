@@ -17,13 +17,13 @@ public:
     };
 
     explicit VantryError(Case which) noexcept
-        : which_(which) {}
+        : kind(which) {}
 
-    [[nodiscard]] Case which() const noexcept { return which_; }
+    [[nodiscard]] Case which() const noexcept { return kind; }
     [[nodiscard]] const char* what() const noexcept override;
 
 private:
-    Case which_;
+    Case kind;
 };
 
 /// Bytes that are not the JSON form of the record that was asked for. `what()` reads, for example,

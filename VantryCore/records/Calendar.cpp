@@ -12,7 +12,7 @@ using Seconds = std::int64_t;
 
 constexpr Seconds secondsOfDay = 86400;
 /// No zone is further from UTC; a generous bound for looking around a local time.
-constexpr Seconds farthestOffset = 26 * 3600;
+constexpr Seconds farthestOffset = Seconds{26} * 3600;
 constexpr double reach = 1e14;
 
 std::optional<Seconds> unixSeconds(Moment moment) {

@@ -24,10 +24,10 @@ public:
 
     [[nodiscard]] const Zone& zone() const noexcept { return timeZone; }
 
-    /// The first moment of the day that contains `moment`.
-    [[nodiscard]] std::optional<Moment> startOfDay(Moment moment) const;
+    /// The first moment of the day that contains `inside`.
+    [[nodiscard]] std::optional<Moment> startOfDay(Moment inside) const;
     /// That day, up to the first moment of the next.
-    [[nodiscard]] std::optional<DayInterval> day(Moment moment) const;
+    [[nodiscard]] std::optional<DayInterval> day(Moment inside) const;
     [[nodiscard]] bool isSameDay(Moment a, Moment b) const;
     /// The first moment behind `after` whose clock shows `hour`:`minute`:00. A wall time that a change of the
     /// clocks removes is skipped to another day, never moved to a neighbour.

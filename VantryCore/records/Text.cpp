@@ -15,7 +15,7 @@ namespace {
 bool isAscii(std::string_view text) noexcept {
     std::size_t at = 0;
     for (; at + 8 <= text.size(); at += 8) {
-        std::uint64_t word;
+        std::uint64_t word = 0;
         std::memcpy(&word, text.data() + at, 8);
         if ((word & 0x8080808080808080ULL) != 0)
             return false;
@@ -53,16 +53,16 @@ bool startsFresh(const icu::Normalizer2& nfc, std::string_view text, std::size_t
     return at >= text.size() || (isLeadByte(text[at]) && nfc.hasBoundaryBefore(codePointAt(text, at)) != 0);
 }
 
-std::string composed(const icu::Normalizer2& nfc, std::string_view text) {
+}  // namespace
+
+std::string composed(std::string_view text) {
     std::string result;
     icu::StringByteSink<std::string> sink(&result);
     UErrorCode status = U_ZERO_ERROR;
-    nfc.normalizeUTF8(0, icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())), sink, nullptr,
-                      status);
+    composer().normalizeUTF8(0, icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())), sink,
+                             nullptr, status);
     return result;
 }
-
-}  // namespace
 
 bool canonicallyEquivalent(std::string_view a, std::string_view b) {
     if (a == b)
@@ -87,7 +87,7 @@ bool canonicallyEquivalent(std::string_view a, std::string_view b) {
         --tail;
     a.remove_suffix(tail);
     b.remove_suffix(tail);
-    return composed(nfc, a) == composed(nfc, b);
+    return composed(a) == composed(b);
 }
 
 bool Text::equivalentButNotIdentical(std::string_view a, std::string_view b) {

@@ -37,6 +37,9 @@ private:
 /// Whether both texts have the same NFC form (UAX #15).
 [[nodiscard]] bool canonicallyEquivalent(std::string_view a, std::string_view b);
 
+/// The NFC form of a text (UAX #15): equal bytes for canonically equivalent texts.
+[[nodiscard]] std::string composed(std::string_view text);
+
 /// The part between the first and the last character that is not Unicode White_Space; it points into `text`.
 /// Blanks, line ends, no-break and ideographic spaces all count as white space.
 [[nodiscard]] std::string_view trimmed(std::string_view text) noexcept;

@@ -9,7 +9,43 @@ bool isAsciiKey(std::string_view key) {
     return std::all_of(key.begin(), key.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
+bool hasSmallerKey(const TextMap::Entry& a, const TextMap::Entry& b) {
+    return a.first.utf8() < b.first.utf8();
+}
+
+/// The entries with their keys in NFC, ascending by it; entries of equivalent keys keep their order.
+std::vector<std::pair<std::string, const TextMap::Entry*>>
+byComposedKey(const std::vector<TextMap::Entry>& entries) {
+    std::vector<std::pair<std::string, const TextMap::Entry*>> sorted;
+    sorted.reserve(entries.size());
+    for (const auto& entry : entries)
+        sorted.emplace_back(composed(entry.first.utf8()), &entry);
+    std::stable_sort(sorted.begin(), sorted.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    return sorted;
+}
+
 }  // namespace
+
+TextMap::TextMap(std::vector<Entry> unsorted)
+    : entries(std::move(unsorted))
+    , onlyAsciiKeys(std::all_of(entries.begin(), entries.end(),
+                                [](const Entry& e) { return isAsciiKey(e.first.utf8()); })) {
+    const bool ascending =
+        std::adjacent_find(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) {
+            return !hasSmallerKey(a, b);
+        }) == entries.end();
+    if (ascending && onlyAsciiKeys)
+        return;
+    const auto sorted = byComposedKey(entries);
+    std::vector<Entry> kept;
+    kept.reserve(entries.size());
+    for (std::size_t i = 0; i < sorted.size(); ++i)
+        if (i + 1 == sorted.size() || sorted[i].first != sorted[i + 1].first)
+            kept.push_back(*sorted[i].second);
+    std::sort(kept.begin(), kept.end(), hasSmallerKey);
+    entries = std::move(kept);
+}
 
 std::size_t TextMap::indexOf(std::string_view key) const {
     const auto place =
@@ -58,9 +94,10 @@ bool operator==(const TextMap& a, const TextMap& b) {
         return true;
     if (a.size() != b.size() || (a.onlyAsciiKeys && b.onlyAsciiKeys))
         return false;
-    return std::all_of(a.begin(), a.end(), [&b](const TextMap::Entry& entry) {
-        const Text* other = b.find(entry.first.utf8());
-        return other != nullptr && *other == entry.second;
+    const auto left = byComposedKey(a.entries);
+    const auto right = byComposedKey(b.entries);
+    return std::equal(left.begin(), left.end(), right.begin(), [](const auto& x, const auto& y) {
+        return x.first == y.first && x.second->second == y.second->second;
     });
 }
 

@@ -13,6 +13,11 @@ class TextMap {
 public:
     using Entry = std::pair<Text, Text>;
 
+    TextMap() = default;
+    /// The map of these entries; of equivalent keys the last one wins. Takes n log n steps, whatever they
+    /// hold.
+    explicit TextMap(std::vector<Entry> unsorted);
+
     /// Stores `value` under `key`. An equivalent key that was there is replaced, its spelling too.
     void set(Text key, Text value);
     /// The value of `key`, or null when there is none. Valid until the next `set`.

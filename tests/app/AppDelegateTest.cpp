@@ -1,5 +1,10 @@
 #include "tests/app/StoreFixture.h"
 
+#include <csignal>
+
+#include <QCoreApplication>
+#include <QEventLoop>
+
 #include "Vantry/app/AppDelegate.h"
 
 namespace vantry::test {
@@ -132,6 +137,40 @@ TEST_F(AppDelegateTest, WhatIsTypedAfterTheAnswerIsAskedAboutAgain) {
     EXPECT_TRUE(delegate.shouldTerminate());
     EXPECT_EQ(reasons.size(), 2U);
 }
+
+class EndingSignalTest : public AppDelegateTest, public testing::WithParamInterface<int> {};
+
+TEST_P(EndingSignalTest, SavesAndEndsWithoutAQuestion) {
+    AppDelegate delegate(question());
+    const auto store = open();
+    delegate.setStore(*store);
+    delegate.watchSystem();
+    makeTake(*store);
+    type(*store, "typed a moment ago");
+    QMetaObject::invokeMethod(
+        qApp, [] { ::raise(GetParam()); }, Qt::QueuedConnection);
+    EXPECT_EQ(QCoreApplication::exec(), 0);
+    EXPECT_EQ(notesOnDisk(), Text("typed a moment ago"));
+    EXPECT_TRUE(reasons.empty());
+}
+
+TEST_P(EndingSignalTest, EndsAnOpenQuestionToo) {
+    put(root(), "in the way");
+    AppDelegate delegate(question());
+    const auto store = open();
+    delegate.setStore(*store);
+    delegate.watchSystem();
+    makeTake(*store);
+    whileAsking = [] {
+        ::raise(GetParam());
+        QEventLoop().exec();
+    };
+    QMetaObject::invokeMethod(
+        qApp, [&] { (void)delegate.shouldTerminate(); }, Qt::QueuedConnection);
+    EXPECT_EQ(QCoreApplication::exec(), 1) << "something was lost, and the status says so";
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, EndingSignalTest, testing::Values(SIGTERM, SIGINT, SIGHUP));
 
 }  // namespace
 }  // namespace vantry::test
