@@ -1,5 +1,6 @@
 #include "VantryCore/persistence/AtomicFile.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 #include <utility>
@@ -18,6 +19,19 @@ constexpr std::string_view temporaryEnding = ".tmp";
 
 std::string temporaryBeginning(const fs::path& file) {
     return "." + file.filename().string() + ".";
+}
+
+/// Whether a name is one of those that `temporaryName` gives, random part included: a person's own
+/// ".library.json.backup.tmp" is none.
+bool isTemporaryName(std::string_view name, std::string_view beginning) {
+    static const std::string model = freshNamePart();
+    if (name.size() != beginning.size() + model.size() + temporaryEnding.size() ||
+        !name.starts_with(beginning) || !name.ends_with(temporaryEnding))
+        return false;
+    const std::string_view random = name.substr(beginning.size(), model.size());
+    return std::equal(random.begin(), random.end(), model.begin(), [](char c, char like) {
+        return like == '-' ? c == '-' : (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F');
+    });
 }
 
 /// The permissions that the process gives to a new file. There is no way to ask without setting; the call
@@ -97,11 +111,16 @@ FileIdentity AtomicFile::write(const fs::path& file, std::string_view bytes, Fil
     const auto existing = disk.status(target);
     if (existing && S_ISDIR(existing->mode))
         throw std::system_error(EISDIR, std::generic_category(), file.string());
-    const fs::path name = temporaryName(target);
+    return writeHere(target, bytes, existing ? existing->mode : newFileMode(), disk);
+}
+
+FileIdentity AtomicFile::writeHere(const fs::path& file, std::string_view bytes, mode_t mode,
+                                   FileOperations& disk) {
+    const fs::path name = temporaryName(file);
     Temporary temporary(name, disk);
-    const FileIdentity identity = temporary.fill(bytes, existing ? existing->mode : newFileMode());
-    temporary.takeOver(target);
-    disk.syncFolder(folderOf(target));
+    const FileIdentity identity = temporary.fill(bytes, mode);
+    temporary.takeOver(file);
+    disk.syncFolder(folderOf(file));
     return identity;
 }
 
@@ -110,7 +129,7 @@ void AtomicFile::removeLeftovers(const fs::path& file) noexcept {
         const std::string beginning = temporaryBeginning(file);
         for (const auto& entry : fs::directory_iterator(folderOf(file))) {
             const std::string name = entry.path().filename().string();
-            if (!name.starts_with(beginning) || !name.ends_with(temporaryEnding))
+            if (!isTemporaryName(name, beginning))
                 continue;
             const int left = ::open(entry.path().c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
             if (left == -1)

@@ -19,9 +19,13 @@ struct AtomicFile {
     static FileIdentity write(const std::filesystem::path& file, std::string_view bytes,
                               FileOperations& disk = FileOperations::system());
 
+    /// The same with these permissions, but a symbolic link at `file` is replaced, not followed.
+    static FileIdentity writeHere(const std::filesystem::path& file, std::string_view bytes, mode_t mode,
+                                  FileOperations& disk = FileOperations::system());
+
     /// A fresh name beside `file` for a temporary file.
     [[nodiscard]] static std::filesystem::path temporaryName(const std::filesystem::path& file);
-    /// Removes the temporary files of `file` that no living process writes any more.
+    /// Removes the temporary files beside `file` that no living process writes any more, and no other files.
     static void removeLeftovers(const std::filesystem::path& file) noexcept;
     /// Where `file` leads when it is a symbolic link, which need not exist; `file` itself otherwise.
     [[nodiscard]] static std::filesystem::path resolved(const std::filesystem::path& file);

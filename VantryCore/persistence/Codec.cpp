@@ -16,6 +16,9 @@
 namespace vantry {
 namespace {
 
+/// After so many items of a list its size can be foretold.
+constexpr std::size_t itemsThatTell = 16;
+
 void write(JsonWriter& json, const Text& value) {
     json.text(value.utf8());
 }
@@ -78,10 +81,14 @@ void write(JsonWriter& json, const Node<T>& value) {
 template <class T>
 void write(JsonWriter& json, const std::vector<T>& value) {
     char before = '[';
+    std::size_t written = 0;
+    const std::size_t start = json.size();
     for (const auto& item : value) {
         json.raw(before);
         write(json, item);
         before = ',';
+        if (++written == itemsThatTell)
+            json.expect((json.size() - start) / written * (value.size() - written));
     }
     json.raw(before == '[' ? std::string_view("[]") : std::string_view("]"));
 }
@@ -89,7 +96,7 @@ void write(JsonWriter& json, const std::vector<T>& value) {
 /// The key of a field in quotes with its colon, made by the compiler, behind one place for what precedes it.
 template <Record T, std::size_t I>
 constexpr auto keyToken() {
-    constexpr std::string_view name = sortedField<T, I>().name;
+    constexpr std::string_view name = sortedField<T, I>.name;
     std::array<char, name.size() + 4> token{};
     token[1] = '"';
     std::copy(name.begin(), name.end(), token.begin() + 2);
@@ -122,7 +129,7 @@ template <Record T>
 void write(JsonWriter& json, const T& value) {
     char before = '{';
     [&]<std::size_t... I>(std::index_sequence<I...>) {
-        (writeField<T, I>(json, value.*(sortedField<T, I>().member), before), ...);
+        (writeField<T, I>(json, value.*(sortedField<T, I>.member), before), ...);
     }
     (std::make_index_sequence<fieldCount<T>>());
     json.raw('}');
@@ -148,6 +155,7 @@ void Codec::encode(const Value& value, std::string& buffer) {
     buffer.clear();
     JsonWriter json(buffer);
     write(json, value);
+    json.finish();
 }
 
 template <class Value>

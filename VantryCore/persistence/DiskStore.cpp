@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstring>
 #include <optional>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -65,7 +67,16 @@ struct FileContent {
     std::string bytes;      ///< empty when they are those that were known
     bool isKnown = false;   ///< the bytes are the known ones, to the last
     FileIdentity identity;  ///< of the file that was read
+    mode_t mode = 0;
 };
+
+/// Whether there is something to read. A pipe or a device would keep the program waiting, so it is refused.
+bool isThere(const fs::path& file, FileOperations& disk) {
+    const auto status = disk.status(file);
+    if (status && !status->isRegularFile() && !S_ISDIR(status->mode))
+        throw std::system_error(EINVAL, std::generic_category(), file.string());
+    return status.has_value();
+}
 
 /// Reads the file in chunks beside the known bytes. Only a file that differs is kept in memory.
 FileContent readBeside(const fs::path& path, std::string_view known, bool hasKnown, FileOperations& disk) {
@@ -73,6 +84,7 @@ FileContent readBeside(const fs::path& path, std::string_view known, bool hasKno
     const FileStatus status = file.status();
     FileContent content;
     content.identity = status.identity;
+    content.mode = status.mode;
     if (hasKnown && status.size == known.size()) {
         std::vector<char> chunk(chunkSize);
         std::size_t at = 0;
@@ -107,29 +119,30 @@ Library decodeAndValidate(std::string& bytes) {
 /// Makes the file that was read the previous generation without copying it. Answers whether that worked.
 bool linkAsPrevious(const fs::path& file, const fs::path& previous, const FileIdentity& read,
                     FileOperations& disk) {
-    const auto before = disk.status(previous);
-    if (before && before->identity == read) {
+    std::error_code error;
+    if (!fs::is_symlink(previous, error)) {
         // A crash stopped the last save between its two steps. A rename between two names of one file would
         // do nothing but leave the temporary name behind.
-        std::error_code error;
-        return !fs::is_symlink(previous, error);
+        const auto before = disk.status(previous);
+        if (before && before->identity == read)
+            return true;
     }
     const fs::path name = AtomicFile::temporaryName(previous);
     if (!disk.link(file, name))
         return false;
-    // The name may lead to another file by now; only the one that was read may become the previous one.
-    const auto linked = disk.status(name);
-    if (!linked || !linked->isRegularFile() || !(linked->identity == read)) {
-        disk.remove(name);
-        return false;
-    }
     try {
-        disk.rename(name, previous);
+        // The name may lead to another file by now; only the one that was read may become the previous one.
+        const auto linked = disk.status(name);
+        if (linked && linked->isRegularFile() && linked->identity == read) {
+            disk.rename(name, previous);
+            return true;
+        }
     } catch (...) {
         disk.remove(name);
         throw;
     }
-    return true;
+    disk.remove(name);
+    return false;
 }
 
 /// Makes the names that a save gave last, though their file is as it should be.
@@ -138,17 +151,13 @@ void syncFolders(const fs::path& file, FileOperations& disk) {
     disk.syncFolder(folderOf(file));
 }
 
-void keepPrevious(const fs::path& file, const FileIdentity& read, std::string_view bytes,
+/// "previous" stands beside the path that was passed in: a symbolic link in its place is replaced, not
+/// followed.
+void keepPrevious(const fs::path& file, const FileContent& read, std::string_view bytes,
                   FileOperations& disk) {
     const fs::path previous = DiskStore::previousOf(file);
-    if (!linkAsPrevious(file, previous, read, disk)) {
-        // "previous" stands beside the path that was passed in: a link in its place is replaced, not
-        // followed.
-        std::error_code error;
-        if (fs::is_symlink(previous, error))
-            disk.remove(previous);
-        AtomicFile::write(previous, bytes, disk);
-    }
+    if (!linkAsPrevious(file, previous, read.identity, disk))
+        AtomicFile::writeHere(previous, bytes, read.mode, disk);
 }
 
 }  // namespace
@@ -162,14 +171,16 @@ fs::path DiskStore::previousOf(const fs::path& file) {
 Library DiskStore::read(const fs::path& file, SavedFile* known, FileOperations& disk) {
     if (known != nullptr)
         known->forget();
-    if (!disk.status(file))
+    if (!isThere(file, disk))
         return {};
     std::string bytes = readBeside(file, {}, false, disk).bytes;
     Library library = decodeAndValidate(bytes);
     if (known != nullptr) {
-        known->path = file;
-        known->bytes = std::move(bytes);
-        known->library = library;
+        SavedFile learnt;
+        learnt.path = file;
+        learnt.bytes = std::move(bytes);
+        learnt.library = library;
+        *known = std::move(learnt);
     }
     return library;
 }
@@ -184,11 +195,11 @@ void DiskStore::write(const Library& library, const fs::path& file, SavedFile* k
         validate(library);
     const fs::path folder = folderOf(file);
     disk.createFolders(folder);
-    AtomicFile::removeLeftovers(file);
+    AtomicFile::removeLeftovers(AtomicFile::resolved(file));
     AtomicFile::removeLeftovers(previousOf(file));
 
     std::optional<FileContent> old;
-    if (disk.status(file)) {
+    if (isThere(file, disk)) {
         old = readBeside(file, memory.bytes, knows, disk);
         if (!old->isKnown) {
             Library onDisk = decodeAndValidate(old->bytes);
@@ -206,16 +217,19 @@ void DiskStore::write(const Library& library, const fs::path& file, SavedFile* k
 
     std::string& fresh = memory.spare;
     Codec::encode(library, fresh);
+    // Copied before the disk changes: once it has, learning that must not fail halfway.
+    fs::path writtenPath = file;
+    Library written = library;
     if (old)
-        keepPrevious(file, old->identity, memory.bytes, disk);
+        keepPrevious(file, *old, memory.bytes, disk);
     memory.folderMayBeBehind = true;
     AtomicFile::write(file, fresh, disk);
     if (AtomicFile::resolved(file) != file)
         disk.syncFolder(folder);  // ".previous" stands here, the new file elsewhere
     memory.folderMayBeBehind = false;
-    memory.path = file;
+    memory.path.swap(writtenPath);
     memory.bytes.swap(fresh);
-    memory.library = library;
+    std::swap(memory.library, written);
 }
 
 }  // namespace vantry

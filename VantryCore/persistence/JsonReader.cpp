@@ -2,10 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <optional>
+#include <tuple>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include <simdjson.h>
@@ -173,11 +177,10 @@ void read(const element& value, Bytes& out, const Place& place) {
     out = std::move(*bytes);
 }
 
-void refuseRepeatedKeys(const std::vector<TextMap::Entry>& entries, const Place& place) {
+void refuseRepeatedKeys(const simdjson::dom::object& object, const Place& place) {
     std::vector<std::string_view> keys;
-    keys.reserve(entries.size());
-    for (const auto& [key, value] : entries)
-        keys.push_back(key.utf8());
+    for (const auto& member : object)
+        keys.push_back(member.key);
     std::sort(keys.begin(), keys.end());
     if (const auto twice = std::adjacent_find(keys.begin(), keys.end()); twice != keys.end())
         failRepeatedKey(place, *twice);
@@ -189,14 +192,14 @@ void read(const element& value, TextMap& out, const Place& place) {
         failKind(place, "an object", value);
     std::vector<TextMap::Entry> entries;
     entries.reserve(object.size());
-    bool ascending = true;
-    for (const auto& [key, item] : object) {
-        ascending = ascending && (entries.empty() || entries.back().first.utf8() < key);
-        entries.emplace_back(Text(key), Text(readText(item, place.at(key))));
-    }
-    if (!ascending)
-        refuseRepeatedKeys(entries, place);
+    for (const auto& [key, item] : object)
+        entries.emplace_back(std::piecewise_construct, std::forward_as_tuple(key),
+                             std::forward_as_tuple(readText(item, place.at(key))));
+    const std::size_t count = entries.size();
     out = TextMap(std::move(entries));
+    // Equivalent keys become one, which is no failure unless they are the very same.
+    if (out.size() != count)
+        refuseRepeatedKeys(object, place);
 }
 
 template <Record T>
@@ -241,7 +244,7 @@ constexpr auto fieldReaders() {
     return []<std::size_t... I>(std::index_sequence<I...>) {
         return std::array<ReadField<T>, sizeof...(I)>{
             [](const element& value, T& record, const Place& place) {
-                read(value, record.*(sortedField<T, I>().member), place);
+                read(value, record.*(sortedField<T, I>.member), place);
             }...};
     }
     (std::make_index_sequence<fieldCount<T>>());
@@ -250,51 +253,74 @@ constexpr auto fieldReaders() {
 template <Record T>
 constexpr std::uint32_t requiredFields() {
     return []<std::size_t... I>(std::index_sequence<I...>) {
-        return ((isOptional<typename decltype(sortedField<T, I>())::Value> ? 0U : 1U << I) | ...);
+        return ((isOptional<typename decltype(sortedField<T, I>)::Value> ? 0U : 1U << I) | ...);
     }
     (std::make_index_sequence<fieldCount<T>>());
 }
 
+using Members = simdjson::dom::object::iterator;
+
+/// Reads members as long as they come in the order of the table, which is how our own files have them: here
+/// the compiler knows each key that can be next. Answers which fields were read, a bit for each.
 template <Record T>
-void read(const element& value, T& out, const Place& place) {
+std::uint32_t readInOrder(Members& next, const Members& end, T& out, const Place& place) {
+    std::uint32_t seen = 0;
+    const auto take = [&]<std::size_t I>(std::integral_constant<std::size_t, I>) {
+        constexpr std::string_view name = sortedField<T, I>.name;
+        // The size is a constant for the compiler, which makes the comparison a few instructions.
+        if (!(next != end) || next.key_length() != name.size() ||
+            std::memcmp(next.key_c_str(), name.data(), name.size()) != 0)
+            return;
+        read(next.value(), out.*(sortedField<T, I>.member), place.at(name));
+        seen |= 1U << I;
+        ++next;
+    };
+    [&]<std::size_t... I>(std::index_sequence<I...>) {
+        (take(std::integral_constant<std::size_t, I>()), ...);
+    }
+    (std::make_index_sequence<fieldCount<T>>());
+    return seen;
+}
+
+/// Reads members in any order, known or not. Answers which fields were read by now.
+template <Record T>
+std::uint32_t readInAnyOrder(Members& next, const Members& end, std::uint32_t seen, T& out,
+                             const Place& place) {
     static constexpr auto keys = sortedKeys<T>();
     static constexpr auto readers = fieldReaders<T>();
-    static constexpr std::uint32_t required = requiredFields<T>();
-
-    simdjson::dom::object object;
-    if (value.get(object) != simdjson::SUCCESS)
-        failKind(place, "an object", value);
-    std::uint32_t seen = 0;
-    std::size_t expected = 0;  // our own files have the keys in this very order
     std::vector<std::string_view> unknown;
-    for (const auto& [key, item] : object) {
-        std::size_t index = expected;
-        while (index < keys.size() && keys[index] != key)
-            ++index;
-        if (index == keys.size())
-            index = static_cast<std::size_t>(std::find(keys.begin(), keys.end(), key) - keys.begin());
+    for (; next != end; ++next) {
+        const std::string_view key = next.key();
+        const auto index = static_cast<std::size_t>(std::find(keys.begin(), keys.end(), key) - keys.begin());
         if (index == keys.size()) {
             unknown.push_back(key);
-            readIgnored(item, place.at(key));
+            readIgnored(next.value(), place.at(key));
             continue;
         }
         if ((seen >> index & 1U) != 0)
             failRepeatedKey(place, key);
         seen |= 1U << index;
-        expected = index + 1;
-        readers[index](item, out, place.at(keys[index]));
+        readers[index](next.value(), out, place.at(keys[index]));
     }
-    if ((seen & required) != required) {
-        std::size_t missing = 0;
-        while ((required >> missing & 1U) == 0 || (seen >> missing & 1U) != 0)
-            ++missing;
-        fail(place, "missing key " + quoted(keys[missing]));
-    }
-    if (unknown.size() > 1) {
-        std::sort(unknown.begin(), unknown.end());
-        if (const auto twice = std::adjacent_find(unknown.begin(), unknown.end()); twice != unknown.end())
-            failRepeatedKey(place, *twice);
-    }
+    std::sort(unknown.begin(), unknown.end());
+    if (const auto twice = std::adjacent_find(unknown.begin(), unknown.end()); twice != unknown.end())
+        failRepeatedKey(place, *twice);
+    return seen;
+}
+
+template <Record T>
+void read(const element& value, T& out, const Place& place) {
+    static constexpr std::uint32_t required = requiredFields<T>();
+    simdjson::dom::object object;
+    if (value.get(object) != simdjson::SUCCESS)
+        failKind(place, "an object", value);
+    Members next = object.begin();
+    const Members end = object.end();
+    std::uint32_t seen = readInOrder(next, end, out, place);
+    if (next != end)
+        seen = readInAnyOrder(next, end, seen, out, place);
+    if (const std::uint32_t missing = required & ~seen; missing != 0)
+        fail(place, "missing key " + quoted(sortedKeys<T>()[std::countr_zero(missing)]));
 }
 
 }  // namespace
@@ -302,7 +328,8 @@ void read(const element& value, T& out, const Place& place) {
 template <class Value>
 Value decodePadded(std::string_view json) {
     simdjson::dom::parser parser;
-    if (const auto error = parser.allocate(std::max<std::size_t>(json.size(), 1), deepestNesting);
+    // The parser counts the document itself as a level.
+    if (const auto error = parser.allocate(std::max<std::size_t>(json.size(), 1), deepestNesting + 1);
         error != simdjson::SUCCESS)
         throw DecodingError({}, std::string("too large to read: ") + simdjson::error_message(error));
     element root;

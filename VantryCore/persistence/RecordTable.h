@@ -29,16 +29,13 @@ constexpr std::array<std::size_t, fieldCount<T>> sortedPositions() {
 
 /// The field that stands at position `I` of the JSON form.
 template <Record T, std::size_t I>
-constexpr auto sortedField() {
-    constexpr std::size_t position = sortedPositions<T>()[I];
-    return std::get<position>(T::fields());
-}
+inline constexpr auto sortedField = std::get<sortedPositions<T>()[I]>(T::fields());
 
 /// The keys of the JSON form, ascending.
 template <Record T>
 constexpr std::array<std::string_view, fieldCount<T>> sortedKeys() {
     return []<std::size_t... I>(std::index_sequence<I...>) {
-        return std::array{sortedField<T, I>().name...};
+        return std::array{sortedField<T, I>.name...};
     }
     (std::make_index_sequence<fieldCount<T>>());
 }

@@ -29,6 +29,17 @@ constexpr std::array<std::int8_t, 256> makeDigitValues() {
 
 constexpr auto digitValues = makeDigitValues();
 
+/// The two digits of each byte.
+constexpr std::array<std::array<char, 2>, 256> makeDigitPairs() {
+    constexpr char digits[] = "0123456789ABCDEF";
+    std::array<std::array<char, 2>, 256> pairs{};
+    for (std::size_t i = 0; i < pairs.size(); ++i)
+        pairs[i] = {digits[i >> 4], digits[i & 0xF]};
+    return pairs;
+}
+
+constexpr auto digitPairs = makeDigitPairs();
+
 constexpr bool isHyphenPlace(std::size_t at) noexcept {
     return at == 8 || at == 13 || at == 18 || at == 23;
 }
@@ -68,13 +79,14 @@ std::optional<Identifier> Identifier::parse(std::string_view text) noexcept {
 }
 
 void Identifier::write(char* out) const noexcept {
-    constexpr char digits[] = "0123456789ABCDEF";
+    for (const int place : hyphens)
+        out[place] = '-';
     std::size_t at = 0;
     for (const auto byte : raw) {
         if (isHyphenPlace(at))
-            out[at++] = '-';
-        out[at++] = digits[byte >> 4];
-        out[at++] = digits[byte & 0xF];
+            ++at;
+        std::memcpy(out + at, digitPairs[byte].data(), 2);
+        at += 2;
     }
 }
 

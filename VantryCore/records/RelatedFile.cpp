@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <filesystem>
 
+#include <arpa/inet.h>
+#include <netinet/in.h>
+
 namespace vantry {
 
 static_assert(listsEveryMember<RelatedFile>());
@@ -71,9 +74,9 @@ bool isIPLiteral(std::string_view inside) {
         return std::all_of(version.begin(), version.end(), isHexDigit) &&
                std::all_of(address.begin(), address.end(), [](char c) { return isPlain(c) || c == ':'; });
     }
-    return inside.find(':') != std::string_view::npos &&
-           std::all_of(inside.begin(), inside.end(),
-                       [](char c) { return isHexDigit(c) || c == ':' || c == '.'; });
+    in6_addr address;
+    return inside.find('\0') == std::string_view::npos &&
+           ::inet_pton(AF_INET6, std::string(inside).c_str(), &address) == 1;
 }
 
 /// Appends the authority (RFC 3986, section 3.2) and gives its host, or nothing when it is malformed.

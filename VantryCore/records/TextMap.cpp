@@ -6,7 +6,10 @@ namespace vantry {
 namespace {
 
 bool isAsciiKey(std::string_view key) {
-    return std::all_of(key.begin(), key.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    unsigned char bits = 0;
+    for (const char c : key)
+        bits |= static_cast<unsigned char>(c);
+    return bits < 0x80;
 }
 
 bool hasSmallerKey(const TextMap::Entry& a, const TextMap::Entry& b) {

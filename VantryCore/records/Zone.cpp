@@ -1,5 +1,6 @@
 #include "VantryCore/records/Zone.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <unordered_map>
 
@@ -32,6 +33,25 @@ struct FileRules final : Zone::Rules {
         return zone.At(absl::FromUnixSeconds(unixSeconds)).offset;
     }
     [[nodiscard]] std::optional<std::int64_t> nextTransition(std::int64_t unixSeconds) const override {
+        const std::int64_t cycles = std::max<std::int64_t>(unixSeconds - surelyListed, 0) / calendarCycle;
+        for (std::int64_t shift = cycles * calendarCycle; shift <= unixSeconds; shift += calendarCycle) {
+            const auto listed = nextListed(unixSeconds - shift);
+            if (listed && offsetAt(*listed + shift) == offsetAt(*listed) &&
+                offsetAt(*listed + shift - 1) == offsetAt(*listed - 1))
+                return *listed + shift;
+            if (listed || unixSeconds <= surelyListed)
+                break;
+        }
+        return std::nullopt;
+    }
+
+private:
+    /// 400 years, after which the Gregorian calendar and every rule that goes by it repeat themselves.
+    static constexpr std::int64_t calendarCycle = 146097LL * 86400;
+    /// Changes up to the year 2400 are listed one by one, those behind it only for some zones.
+    static constexpr std::int64_t surelyListed = 13569465600;
+
+    [[nodiscard]] std::optional<std::int64_t> nextListed(std::int64_t unixSeconds) const {
         absl::TimeZone::CivilTransition change;
         if (!zone.NextTransition(absl::FromUnixSeconds(unixSeconds), &change))
             return std::nullopt;
@@ -63,6 +83,9 @@ struct IcuRules final : Zone::Rules {
     std::unique_ptr<icu::BasicTimeZone> zone;
 };
 
+/// As many links in a row as Linux follows itself.
+constexpr int longestChain = 40;
+
 std::filesystem::path zoneFolder() {
     const char* folder = std::getenv("TZDIR");
     return folder != nullptr && *folder != '\0' ? folder : "/usr/share/zoneinfo";
@@ -70,7 +93,7 @@ std::filesystem::path zoneFolder() {
 
 bool looksLikeIdentifier(std::string_view name) {
     if (name.empty() || name.front() == '/' || name.back() == '/' ||
-        name.find("..") != std::string_view::npos)
+        name.find("..") != std::string_view::npos || name.find("//") != std::string_view::npos)
         return false;
     for (const char c : name) {
         const bool plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
@@ -148,12 +171,17 @@ std::string Zone::machineIdentifier(const char* tz, const std::filesystem::path&
         if (isKnown(name))
             return name;
     }
+    // Each link of a chain is looked at by itself: the last one may name a zone by an older identifier.
+    std::filesystem::path link = localTime;
     std::error_code error;
-    const auto target = std::filesystem::read_symlink(localTime, error);
-    if (!error) {
+    for (int step = 0; step < longestChain; ++step) {
+        const auto target = std::filesystem::read_symlink(link, error);
+        if (error)
+            break;
         std::string name = nameInZoneFolder(target.string());
         if (isKnown(name))
             return name;
+        link = link.parent_path() / target;
     }
     return "UTC";
 }
