@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+
+#include "VantryCore/persistence/LibraryValidation.h"
+#include "VantryCore/persistence/VantryError.h"
+#include "tests/support/RandomEdits.h"
+#include "tests/support/SampleLibrary.h"
+
+namespace vantry {
+namespace {
+
+bool passes(const Library& library) {
+    try {
+        validate(library);
+    } catch (const VantryError&) {
+        return false;
+    }
+    return true;
+}
+
+bool passesAfter(const Library& library, const Library& valid) {
+    try {
+        validate(library, valid);
+    } catch (const VantryError&) {
+        return false;
+    }
+    return true;
+}
+
+TEST(ValidationOfDifferences, AcceptsAndRefusesWhatTheFullOneDoes) {
+    int accepted = 0;
+    int refused = 0;
+    for (std::uint64_t seed = 0; seed < 400; ++seed) {
+        support::RandomRecords random(seed);
+        Library library = random.validLibrary();
+        Library valid = library;
+        for (int step = 0; step < 30; ++step) {
+            for (auto edits = random.number(1, 3); edits > 0; --edits)
+                support::editFreely(library, random);
+            const bool expected = passes(library);
+            ASSERT_EQ(passesAfter(library, valid), expected) << "seed " << seed << " step " << step;
+            (expected ? accepted : refused) += 1;
+            // As a save does: what passed is what the next one is compared with; a failed one may stand.
+            if (expected && random.chance(0.7))
+                valid = library;
+            else if (!expected && random.chance(0.7))
+                library = valid;
+        }
+    }
+    EXPECT_GT(accepted, 1000);
+    EXPECT_GT(refused, 1000);
+}
+
+TEST(ValidationOfDifferences, StartsFromAnyValidLibraryWhatever) {
+    for (std::uint64_t seed = 0; seed < 200; ++seed) {
+        support::RandomRecords random(seed);
+        const Library valid = random.validLibrary();
+        Library other = random.chance(0.5) ? random.validLibrary() : valid;
+        if (random.chance(0.5))
+            support::editFreely(other, random);
+        ASSERT_EQ(passesAfter(other, valid), passes(other)) << seed;
+    }
+}
+
+TEST(ValidationOfDifferences, SeesAnIdentifierThatMovedIntoAnUnchangedPart) {
+    // The same identifiers in the same number, but one shot now has that of a take in another act.
+    Library valid = support::sampleLibrary();
+    Library library = valid;
+    const Identifier taken = library.projects[0]->acts[1]->shots[0]->takes[0]->id;
+    library.projects[0].edit().acts[0].edit().shots[0].edit().id = taken;
+    EXPECT_FALSE(passesAfter(library, valid));
+    library = valid;
+    std::swap(library.projects[0].edit().acts[0].edit().shots[0],
+              library.projects[1].edit().acts[0].edit().shots[0]);
+    EXPECT_TRUE(passesAfter(library, valid));
+    library.projects[1].edit().acts[0].edit().shots[0] = library.projects[0]->acts[0]->shots[0];
+    EXPECT_FALSE(passesAfter(library, valid));
+}
+
+TEST(ValidationOfDifferences, SeesAChangeThatWasMadeInPlace) {
+    Library library = support::completeLibrary();
+    Library valid = library;
+    library.projects[0].edit().acts[0].edit().shots[0].edit().takes[0].edit().stars = 6;
+    EXPECT_FALSE(passesAfter(library, valid));
+    library.projects[0].edit().acts[0].edit().shots[0].edit().takes[0].edit().stars = 5;
+    EXPECT_TRUE(passesAfter(library, valid));
+}
+
+}  // namespace
+}  // namespace vantry
