@@ -1,0 +1,42 @@
+#include <benchmark/benchmark.h>
+
+#include "VantryCore/persistence/JsonReader.h"
+#include "VantryCore/persistence/LibraryValidation.h"
+#include "bench/Workload.h"
+
+namespace vantry::bench {
+namespace {
+
+void validateAll(benchmark::State& state, const Workload& work) {
+    for (auto _ : state)
+        validate(work.library);
+}
+
+void validateKeystroke(benchmark::State& state, const Workload& work) {
+    Library edited = work.library;
+    typeInto(edited, takePlaces(work.library).back());
+    for (auto _ : state)
+        validate(edited, work.library);
+}
+
+/// Comparing two libraries that are equal and share nothing.
+void compareUnshared(benchmark::State& state, const Workload& work) {
+    const Library other = decodePadded<Library>(work.bytes);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(work.library == other);
+}
+
+}  // namespace
+
+void registerValidation(const Workload& work) {
+    const auto add = [&work](const char* name, auto function) {
+        benchmark::RegisterBenchmark(name, [&work, function](benchmark::State& state) {
+            function(state, work);
+        })->Unit(benchmark::kMicrosecond);
+    };
+    add("validate/all", validateAll);
+    add("validate/after-keystroke", validateKeystroke);
+    add("compare/unshared", compareUnshared);
+}
+
+}  // namespace vantry::bench
