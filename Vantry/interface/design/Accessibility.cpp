@@ -1,0 +1,59 @@
+#include "Vantry/interface/design/Accessibility.h"
+
+#include <QAccessibleWidget>
+
+#include "Vantry/interface/design/Page.h"
+#include "Vantry/interface/design/SegmentedChoice.h"
+#include "Vantry/interface/design/StarRating.h"
+
+namespace vantry {
+namespace {
+
+/// A star is pressed like a button and tells its value both as such and, for tools that show no values of
+/// buttons, as its description.
+class StarAccessible final : public QAccessibleWidget {
+public:
+    explicit StarAccessible(StarButton* star) : QAccessibleWidget(star, QAccessible::Button), button(star) {}
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Value || kind == QAccessible::Description)
+            return button->value();
+        return kind == QAccessible::Help ? button->accessibleDescription() : QAccessibleWidget::text(kind);
+    }
+    [[nodiscard]] QStringList actionNames() const override {
+        return QStringList{pressAction()} + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& name) override {
+        if (name != pressAction())
+            QAccessibleWidget::doAction(name);
+        else if (button->isEnabled())
+            button->click();
+    }
+
+private:
+    StarButton* button;
+};
+
+QAccessibleInterface* makeInterface(const QString&, QObject* object) {
+    if (auto* star = qobject_cast<StarButton*>(object))
+        return new StarAccessible(star);
+    if (auto* choice = qobject_cast<SegmentedChoice*>(object))
+        return new QAccessibleWidget(choice, QAccessible::Grouping);
+    if (auto* rating = qobject_cast<StarRating*>(object))
+        return new QAccessibleWidget(rating, QAccessible::Grouping);
+    if (auto* page = qobject_cast<Page*>(object))
+        return new QAccessibleWidget(page, QAccessible::Pane);
+    return nullptr;
+}
+
+} // namespace
+
+void installAccessibility() {
+    static const bool installed = [] {
+        QAccessible::installFactory(makeInterface);
+        return true;
+    }();
+    static_cast<void>(installed);
+}
+
+} // namespace vantry

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace vantry {
+
+/// `plain` for a button, an action, a tab or a menu, where a single "&" would mark a key: each is doubled.
+[[nodiscard]] QString controlText(const QString& plain);
+
+/// `plain` on one line: each line end becomes a blank.
+[[nodiscard]] QString singleLine(const QString& plain);
+
+/// Shows `plain` as hover help, letter by letter even where it looks like markup, and gives it to assistive
+/// tools as the widget's description. The empty text shows none.
+void setHelp(QWidget& widget, const QString& plain);
+
+} // namespace vantry

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QLabel>
+
+#include "Vantry/interface/design/Palette.h"
+#include "Vantry/interface/design/VantryType.h"
+
+namespace vantry {
+
+/// A text that is only read. It is shown letter by letter, never as markup; its lines have the height of the
+/// role in every script. It asks for nothing and takes no clicks.
+class Label final : public QLabel {
+    Q_OBJECT
+
+public:
+    /// What a text does that is longer than its place: one line cut at the end, with the whole of it as hover
+    /// help, or as many lines as it takes.
+    enum class Length { cut, wrapped };
+
+    explicit Label(VantryType::Role role, Palette::Token colour = &Palette::ink, Length length = Length::cut,
+                   QWidget* parent = nullptr);
+
+    /// Shows `plain`, which assistive tools read too.
+    void setPlain(const QString& plain);
+    void setColour(Palette::Token token);
+    void setStruckOut(bool struck);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] bool hasHeightForWidth() const override { return length == Length::wrapped; }
+    [[nodiscard]] int heightForWidth(int width) const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const VantryType::Role role;
+    Palette::Token colour;
+    const Length length;
+};
+
+} // namespace vantry

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+class QWidget;
+
+namespace vantry {
+
+/// The colours of the interface by their roles, in one appearance. Pages ask for a role and never name a
+/// colour themselves.
+struct Palette {
+    QColor ink;         ///< main text, primary button, brand mark
+    QColor canvas;      ///< page background, text on a primary button
+    QColor card;        ///< cards, fields, the status line
+    QColor rule;        ///< hairlines and borders
+    QColor navigation;  ///< sidebar, tracks
+    QColor button;      ///< quiet button
+    QColor hover;
+    QColor selected;   ///< selected row, pressed quiet button
+    QColor muted;      ///< secondary text
+    QColor tint;       ///< soft panels
+    QColor completed;  ///< done, saved, Good
+    QColor link;       ///< links, focus ring, focused border
+    QColor danger;     ///< failure, destructive actions
+    QColor warning;    ///< pending, unsaved
+
+    using Token = QColor Palette::*;
+
+    [[nodiscard]] static const Palette& light();
+    [[nodiscard]] static const Palette& dark();
+    /// The one in force for `widget`, told from the lightness of its window colour. It follows a change of the
+    /// application's palette by itself.
+    [[nodiscard]] static const Palette& of(const QWidget& widget);
+    /// Whether a window with this palette is a dark one.
+    [[nodiscard]] static bool isDark(const QPalette& palette);
+
+    /// What standard controls are painted with.
+    [[nodiscard]] QPalette controls() const;
+};
+
+} // namespace vantry

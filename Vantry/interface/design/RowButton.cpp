@@ -1,0 +1,75 @@
+#include "Vantry/interface/design/RowButton.h"
+
+#include <QPainter>
+
+#include "Vantry/interface/design/ControlText.h"
+#include "Vantry/interface/design/Metrics.h"
+#include "Vantry/interface/design/Palette.h"
+#include "Vantry/interface/design/VantryType.h"
+
+namespace vantry {
+
+RowButton::RowButton(QWidget* parent) : Pressable(parent) {
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+void RowButton::setContent(const RowContent& wanted) {
+    if (content == wanted)
+        return;
+    content = wanted;
+    setPlain(content.title);
+    setHelp(*this, content.title);
+    setAccessibleDescription(content.detail);
+    update();
+}
+
+QSize RowButton::sizeHint() const {
+    return {Metrics::sideWidth, Metrics::rowHeight};
+}
+
+QSize RowButton::minimumSizeHint() const {
+    return {Metrics::controlHeight * 2, Metrics::rowHeight};
+}
+
+void RowButton::paintEvent(QPaintEvent*) {
+    const Palette& palette = Palette::of(*this);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF surface = QRectF(rect()).adjusted(Metrics::gapCaption, Metrics::gapCaption, -Metrics::gapCaption,
+                                                   -Metrics::gapCaption);
+    if (isDown() || isHovered()) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(isDown() ? palette.selected : palette.hover);
+        painter.drawRoundedRect(surface, Metrics::radiusControl, Metrics::radiusControl);
+    }
+
+    const auto square = [this](qreal left) {
+        return QRectF(left, (height() - Metrics::iconLarge) / 2.0, Metrics::iconLarge, Metrics::iconLarge);
+    };
+    paintGlyph(painter, content.glyph, square(Metrics::paddingCard), content.struckOut ? palette.muted : palette.ink);
+    const int right = width() - Metrics::paddingCard - Metrics::iconLarge;
+    paintGlyph(painter, Glyph::arrowRight, square(right), palette.muted);
+
+    const int left = Metrics::paddingCard + Metrics::iconLarge + Metrics::gapCard;
+    const int textWidth = right - Metrics::gapCard - left;
+    const int titleHeight = VantryType::lineHeight(VantryType::Role::emphasis);
+    const int detailHeight = VantryType::lineHeight(VantryType::Role::caption);
+    const int top = (height() - titleHeight - Metrics::gapLines - detailHeight) / 2;
+    const auto line = [&](const QString& text, int y, int lineHeight) {
+        painter.drawText(QRect(left, y, textWidth, lineHeight), Qt::AlignLeft | Qt::AlignVCenter,
+                         painter.fontMetrics().elidedText(singleLine(text), Qt::ElideRight, textWidth));
+    };
+    QFont titleFont = VantryType::font(VantryType::Role::emphasis);
+    titleFont.setStrikeOut(content.struckOut);
+    painter.setFont(titleFont);
+    painter.setPen(content.struckOut ? palette.muted : palette.ink);
+    line(content.title, top, titleHeight);
+    painter.setFont(VantryType::font(VantryType::Role::caption));
+    painter.setPen(palette.muted);
+    line(content.detail, top + titleHeight + Metrics::gapLines, detailHeight);
+
+    if (showsFocus())
+        paintFocus(painter, surface, Metrics::radiusControl);
+}
+
+} // namespace vantry

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QDialog>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace vantry {
+
+class Button;
+class Label;
+
+/// A small dialog over a window: a title, its content, buttons at the right. It is window-modal; show it by
+/// `open()`.
+class Sheet : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit Sheet(QWidget* parent);
+
+    void setTitle(const QString& title);
+    [[nodiscard]] QVBoxLayout& content() noexcept { return *column; }
+    /// The buttons, the confirming one last.
+    [[nodiscard]] QHBoxLayout& buttons() noexcept { return *row; }
+
+private:
+    Label* heading;
+    QVBoxLayout* column;
+    QHBoxLayout* row;
+};
+
+/// Tells the person one thing, with one button.
+class AlertSheet final : public Sheet {
+    Q_OBJECT
+
+public:
+    explicit AlertSheet(QWidget* parent);
+
+    void setTexts(const QString& title, const QString& message, const QString& button);
+
+private:
+    Label* text;
+    Button* confirm;
+};
+
+} // namespace vantry

@@ -1,0 +1,160 @@
+#include "Vantry/interface/design/VantryStyle.h"
+
+#include <algorithm>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyleOption>
+
+#include "Vantry/interface/design/Metrics.h"
+#include "Vantry/interface/design/Palette.h"
+#include "Vantry/interface/design/VantryType.h"
+
+namespace vantry {
+namespace {
+
+const Palette& paletteFor(const QStyleOption& option) {
+    return Palette::isDark(option.palette) ? Palette::dark() : Palette::light();
+}
+
+void paintField(const QStyleOption& option, QPainter& painter) {
+    const Palette& palette = paletteFor(option);
+    const bool focused = option.state.testFlag(QStyle::State_HasFocus);
+    const qreal width = focused ? Metrics::ring : Metrics::hairline;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(focused ? palette.link : palette.rule, width));
+    painter.setBrush(palette.card);
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(width / 2, width / 2, -width / 2, -width / 2),
+                            Metrics::radiusControl, Metrics::radiusControl);
+    painter.restore();
+}
+
+} // namespace
+
+VantryStyle::VantryStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+void VantryStyle::install() {
+    static bool installed = false;
+    if (installed)
+        return;
+    installed = true;
+    QApplication::setStyle(new VantryStyle);
+    QApplication::setFont(VantryType::font(VantryType::Role::label));
+}
+
+void VantryStyle::polish(QWidget* widget) {
+    QProxyStyle::polish(widget);
+    // The bars paint their handle alone; what lies behind shows through.
+    if (qobject_cast<QScrollBar*>(widget) != nullptr)
+        widget->setAttribute(Qt::WA_OpaquePaintEvent, false);
+}
+
+void VantryStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                const QWidget* widget) const {
+    if (element == PE_PanelLineEdit && qobject_cast<const QLineEdit*>(widget) != nullptr)
+        paintField(*option, *painter);
+    else if (element != PE_PanelItemViewRow) // the views paint their rows themselves
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void VantryStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                              const QWidget* widget) const {
+    if (element == CE_Splitter)
+        painter->fillRect(option->rect, paletteFor(*option).rule);
+    else
+        QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void VantryStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                                     const QWidget* widget) const {
+    if (control != CC_ScrollBar) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    const QRect handle = subControlRect(control, option, SC_ScrollBarSlider, widget);
+    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (bar == nullptr || bar->maximum <= bar->minimum)
+        return;
+    const Palette& palette = paletteFor(*option);
+    const bool grasped = option->activeSubControls.testFlag(SC_ScrollBarSlider) &&
+                         option->state.testFlag(State_Sunken);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(grasped ? palette.muted : palette.rule);
+    constexpr qreal margin = Metrics::scrollMargin;
+    constexpr qreal radius = Metrics::scrollHandle / 2.0;
+    painter->drawRoundedRect(QRectF(handle).adjusted(margin, margin, -margin, -margin), radius, radius);
+    painter->restore();
+}
+
+int VantryStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+    switch (metric) {
+    case PM_ScrollBarExtent:
+        return Metrics::scrollStrip;
+    case PM_ScrollView_ScrollBarSpacing:
+        return 0;
+    case PM_LineEditIconMargin:
+        return 0;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+int VantryStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                           QStyleHintReturn* returned) const {
+    switch (hint) {
+    case SH_DialogButtonBox_ButtonsHaveIcons:
+    case SH_EtchDisabledText:
+    case SH_ScrollBar_Transient:
+        return 0;
+    default:
+        return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+}
+
+QSize VantryStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                                    const QWidget* widget) const {
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    // The same height in every script.
+    return type == CT_MenuBarItem ? QSize(size.width(), Metrics::menuBarItemHeight) : size;
+}
+
+QRect VantryStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                                  const QWidget* widget) const {
+    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control != CC_ScrollBar || bar == nullptr)
+        return QProxyStyle::subControlRect(control, option, part, widget);
+    // A bar without buttons: the handle has the whole length.
+    const bool upright = bar->orientation == Qt::Vertical;
+    const int length = upright ? option->rect.height() : option->rect.width();
+    const int range = bar->maximum - bar->minimum;
+    constexpr int shortest = Metrics::controlHeight;
+    const int span = range + bar->pageStep;
+    const int handle = span <= 0 ? length : std::clamp(static_cast<int>(qint64(length) * bar->pageStep / span),
+                                                       std::min(shortest, length), length);
+    const int start = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition, length - handle,
+                                              bar->upsideDown);
+    const auto stretch = [&](int from, int size) {
+        const QRect place = upright ? QRect(0, from, option->rect.width(), size)
+                                    : QRect(from, 0, size, option->rect.height());
+        return visualRect(option->direction, option->rect, place.translated(option->rect.topLeft()));
+    };
+    switch (part) {
+    case SC_ScrollBarSlider:
+        return stretch(start, handle);
+    case SC_ScrollBarSubPage:
+        return stretch(0, start);
+    case SC_ScrollBarAddPage:
+        return stretch(start + handle, length - start - handle);
+    case SC_ScrollBarGroove:
+        return stretch(0, length);
+    default:
+        return {};
+    }
+}
+
+} // namespace vantry

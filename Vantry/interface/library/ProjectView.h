@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Vantry/interface/pages/RecordPage.h"
+
+namespace vantry {
+
+class Button;
+class Card;
+class EmptyCard;
+class LabeledField;
+class PageHeading;
+class ParagraphField;
+class RowList;
+
+/// One production's desk: its acts and what it is.
+class ProjectView final : public RecordPage {
+    Q_OBJECT
+
+public:
+    ProjectView(PageContext context, const Identifier& projectID, QWidget* parent = nullptr);
+
+protected:
+    bool fill() override;
+
+private:
+    [[nodiscard]] QWidget* makeOverview(QWidget* parent);
+    [[nodiscard]] QWidget* makeDetails(QWidget* parent);
+    [[nodiscard]] TextBinding bind(Text Project::*member) const;
+    void fillTexts(const Project& project);
+    void addAct() const;
+
+    const Identifier projectID;
+    PageHeading* heading = nullptr;
+    EmptyCard* empty = nullptr;
+    RowList* acts = nullptr;
+    Button* add = nullptr;
+    Card* details = nullptr;
+    LabeledField* title = nullptr;
+    LabeledField* director = nullptr;
+    ParagraphField* notes = nullptr;
+};
+
+} // namespace vantry

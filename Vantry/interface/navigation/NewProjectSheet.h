@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Vantry/interface/design/Sheet.h"
+
+namespace vantry {
+
+class Button;
+class LabeledField;
+
+/// Asks for the name and the director of a new production.
+class NewProjectSheet final : public Sheet {
+    Q_OBJECT
+
+public:
+    explicit NewProjectSheet(QWidget* parent);
+
+    void refresh(bool english);
+    /// Opens with both fields empty.
+    void start();
+
+    /// As typed.
+    [[nodiscard]] QString name() const;
+    [[nodiscard]] QString director() const;
+
+signals:
+    /// The person asks to create it. The sheet stays open.
+    void createPressed();
+
+private:
+    LabeledField* nameField;
+    LabeledField* directorField;
+    Button* cancel;
+    Button* create;
+};
+
+} // namespace vantry

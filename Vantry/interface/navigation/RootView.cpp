@@ -1,0 +1,215 @@
+#include "Vantry/interface/navigation/RootView.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include "Vantry/app/AppDelegate.h"
+#include "Vantry/app/QtText.h"
+#include "Vantry/interface/design/Appearance.h"
+#include "Vantry/interface/design/Metrics.h"
+#include "Vantry/interface/design/VantryStyle.h"
+#include "Vantry/interface/library/LibraryView.h"
+#include "Vantry/interface/library/ProjectView.h"
+#include "Vantry/interface/navigation/Banner.h"
+#include "Vantry/interface/navigation/CrumbBar.h"
+#include "Vantry/interface/navigation/NewProjectSheet.h"
+#include "Vantry/interface/navigation/Sidebar.h"
+#include "Vantry/interface/navigation/StatusLine.h"
+#include "Vantry/interface/navigation/StoreAlert.h"
+#include "Vantry/interface/navigation/ToolBar.h"
+#include "Vantry/interface/navigation/WindowActions.h"
+#include "Vantry/interface/pages/Contained.h"
+#include "Vantry/interface/pages/MissingView.h"
+#include "Vantry/interface/routes/Crumbs.h"
+#include "Vantry/interface/shots/ActView.h"
+#include "Vantry/interface/shots/NewTake.h"
+#include "Vantry/interface/shots/ShotView.h"
+#include "Vantry/interface/shots/TakeView.h"
+
+namespace vantry {
+
+RootView::RootView(VantryStore& opened, AppDelegate& guard)
+    : store(opened), delegate(guard),
+      context{store, [this](const Route& route) { go(route); }, [this] { refreshSoon(); }} {
+    VantryStyle::install();
+    appearance = new Appearance(this);
+    setWindowTitle(QStringLiteral("Vantry"));
+    setMinimumSize(Metrics::windowMinimumWidth, Metrics::windowMinimumHeight);
+    resize(Metrics::windowWidth, Metrics::windowHeight);
+
+    actions = new WindowActions(store, *menuBar());
+    auto* splitter = new QSplitter(this);
+    splitter->setHandleWidth(Metrics::hairline);
+    splitter->setChildrenCollapsible(false);
+    sidebar = new Sidebar(splitter);
+    splitter->addWidget(sidebar);
+    splitter->addWidget(makeDetail());
+    splitter->setStretchFactor(1, 1);
+    splitter->setSizes({Metrics::sidebarIdeal, Metrics::windowWidth - Metrics::sidebarIdeal});
+    setCentralWidget(splitter);
+    newProject = new NewProjectSheet(this);
+    alert = new StoreAlert(store, *this);
+
+    connect(&store, &VantryStore::changed, this, &RootView::refreshSoon);
+    connect(actions, &WindowActions::backWanted, this, &RootView::goBack);
+    connect(actions, &WindowActions::homeWanted, this, [this] { go(Route::library()); });
+    connect(actions, &WindowActions::quitWanted, this, &RootView::close);
+    connect(sidebar, &Sidebar::routePressed, this, &RootView::go);
+    connect(sidebar, &Sidebar::newProjectPressed, newProject, &NewProjectSheet::start);
+    connect(sidebar, &Sidebar::newTakePressed, this, [this](const Route& shot) {
+        perform([&] { startNewTake(context, *shot.projectID(), *shot.actID(), *shot.shotID()); });
+    });
+    connect(crumbBar, &CrumbBar::routePressed, this, &RootView::go);
+    connect(newProject, &NewProjectSheet::createPressed, this, &RootView::createProject);
+    showPage();
+}
+
+RootView::~RootView() = default;
+
+QWidget* RootView::makeDetail() {
+    auto* detail = new QWidget;
+    auto* column = new QVBoxLayout(detail);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    banner = new Banner(detail);
+    crumbBar = new CrumbBar(detail);
+    statusLine = new StatusLine(detail);
+    pagePlace = new QVBoxLayout;
+    column->addWidget(new ToolBar(*actions, detail));
+    column->addWidget(banner);
+    column->addWidget(crumbBar);
+    column->addLayout(pagePlace, 1);
+    column->addWidget(statusLine);
+    return detail;
+}
+
+Page* RootView::makePage(const Route& route) {
+    const auto project = route.projectID().value_or(Identifier());
+    const auto act = route.actID().value_or(Identifier());
+    const auto shot = route.shotID().value_or(Identifier());
+    switch (route.place()) {
+    case Route::Place::library:
+        return new LibraryView(context, [this] { newProject->start(); });
+    case Route::Place::project:
+        return new ProjectView(context, project);
+    case Route::Place::act:
+        return new ActView(context, project, act);
+    case Route::Place::shot:
+        return new ShotView(context, project, act, shot);
+    case Route::Place::take:
+        return new TakeView(context, project, act, shot, *route.takeID());
+    case Route::Place::search:
+    case Route::Place::calendar:
+    case Route::Place::settings:
+        break; // nothing leads there yet
+    }
+    return new MissingView(context);
+}
+
+void RootView::showPage() {
+    Page* const old = page;
+    const bool hadFocus = old != nullptr && old->isAncestorOf(focusWidget());
+    page = makePage(places.route());
+    pagePlace->addWidget(page);
+    if (old != nullptr) {
+        pagePlace->removeWidget(old);
+        old->hide();
+        old->deleteLater();
+    }
+    refreshNow();
+    page->show();
+    // From here the next Tab reaches the page's first control, wherever the old page had the keyboard.
+    if (hadFocus)
+        page->setFocus(Qt::OtherFocusReason);
+}
+
+bool RootView::flush() {
+    // What an input method still holds belongs to the page that is left.
+    QGuiApplication::inputMethod()->commit();
+    return store.flush();
+}
+
+void RootView::go(const Route& route) {
+    perform([&] {
+        if (places.go(route, [this] { return flush(); }))
+            showPage();
+    });
+}
+
+void RootView::goBack() {
+    perform([this] {
+        if (places.goBack([this] { return flush(); }))
+            showPage();
+    });
+}
+
+void RootView::perform(const std::function<void()>& action) {
+    contain(store, action);
+    refreshSoon();
+}
+
+void RootView::createProject() {
+    perform([this] {
+        const Text name(trimmed(toText(newProject->name()).utf8()));
+        if (name.empty() || !store.acceptCreation(VantryCreationAction::project()))
+            return;
+        const Identifier id = store.addProject(name, toText(newProject->director()));
+        sidebar->expand(id);
+        newProject->hide();
+        go(Route::project(id));
+    });
+}
+
+void RootView::refreshSoon() {
+    if (refreshQueued)
+        return;
+    refreshQueued = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (refreshQueued)
+                refreshNow();
+        },
+        Qt::QueuedConnection);
+}
+
+void RootView::refreshNow() {
+    refreshQueued = false;
+    contain(store, [this] {
+        const bool english = store.english();
+        const Route& route = places.route();
+        appearance->setChoice(toQString(store.appearance()));
+        actions->refresh(places.canGoBack());
+        sidebar->refresh(store.library(), route, english);
+        banner->refresh(store.loadFailed(), english);
+        crumbBar->refresh(crumbs(store.library(), route, english), route);
+        page->refresh();
+        statusLine->refresh(store);
+        newProject->refresh(english);
+        alert->refresh();
+    });
+}
+
+void RootView::closeEvent(QCloseEvent* event) {
+    QGuiApplication::inputMethod()->commit();
+    bool mayEnd = false;
+    contain(store, [&] { mayEnd = delegate.shouldTerminate(); });
+    event->setAccepted(mayEnd);
+}
+
+void RootView::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (appeared)
+        return;
+    appeared = true;
+    delegate.setStore(store);
+    raise();
+    activateWindow();
+    refreshSoon();
+}
+
+} // namespace vantry

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Vantry/interface/pages/StorePage.h"
+
+namespace vantry {
+
+class Button;
+class EmptyCard;
+
+/// The quiet answer to a route whose record has gone.
+class MissingView final : public StorePage {
+    Q_OBJECT
+
+public:
+    explicit MissingView(PageContext context, QWidget* parent = nullptr);
+
+    void refresh() override;
+
+private:
+    EmptyCard* card;
+    Button* back;
+};
+
+} // namespace vantry

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Vantry/interface/pages/StorePage.h"
+
+class QStackedLayout;
+
+namespace vantry {
+
+class MissingView;
+class PageColumn;
+
+/// The page of one record. While the record is there it shows its content, and the missing page in its place
+/// while it is not; the content stays alive meanwhile, so that an undo finds it as it was.
+class RecordPage : public StorePage {
+    Q_OBJECT
+
+public:
+    void refresh() final;
+
+protected:
+    explicit RecordPage(PageContext context, QWidget* parent = nullptr);
+
+    [[nodiscard]] PageColumn& column() noexcept { return *body; }
+    /// Brings the content in line with the record. Answers false, and changes nothing, when it is gone.
+    virtual bool fill() = 0;
+
+private:
+    PageColumn* body;
+    MissingView* missing;
+    QStackedLayout* stack;
+};
+
+} // namespace vantry

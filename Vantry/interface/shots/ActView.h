@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Vantry/interface/pages/RecordPage.h"
+
+namespace vantry {
+
+class Button;
+class EmptyCard;
+class Label;
+class LabeledField;
+class PageHeading;
+class RowList;
+
+/// The storyboard desk of one act: the sequence of its shots.
+class ActView final : public RecordPage {
+    Q_OBJECT
+
+public:
+    ActView(PageContext context, const Identifier& projectID, const Identifier& actID, QWidget* parent = nullptr);
+
+protected:
+    bool fill() override;
+
+private:
+    void fillTexts(const Act& act);
+    [[nodiscard]] QString facts(const Shot& shot) const;
+    void addShot() const;
+
+    const Identifier projectID;
+    const Identifier actID;
+    PageHeading* heading;
+    Button* add;
+    LabeledField* title;
+    Label* progress;
+    Label* sequence;
+    EmptyCard* empty;
+    RowList* shots;
+};
+
+} // namespace vantry

@@ -1,0 +1,34 @@
+#include "Vantry/interface/shots/ShotTexts.h"
+
+#include <string_view>
+
+#include "Vantry/app/QtText.h"
+
+namespace vantry {
+
+QString shotName(const Shot& shot) {
+    return toQString(shot.code) + QLatin1Char(' ') + toQString(shot.title);
+}
+
+QString takeName(const VantryTake& take) {
+    return QStringLiteral("Take %1").arg(take.number, 2, 10, QLatin1Char('0'));
+}
+
+QString firstLineOf(const Text& text) {
+    const std::string_view written = trimmed(text.utf8());
+    return toQString(trimmed(written.substr(0, written.find_first_of("\r\n"))));
+}
+
+QString resultWord(TakeResult result, bool english) {
+    switch (result) {
+    case TakeResult::good:
+        return QStringLiteral("Good");
+    case TakeResult::ng:
+        return QStringLiteral("NG");
+    case TakeResult::pending:
+        break;
+    }
+    return english ? QStringLiteral("Pending") : QStringLiteral("待定");
+}
+
+} // namespace vantry

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "Vantry/interface/pages/RecordPage.h"
+
+namespace vantry {
+
+class Button;
+class Card;
+class Label;
+class LabeledField;
+class PageHeading;
+class ParagraphField;
+class RowList;
+class SoundPicker;
+
+/// The plan of one shot and the takes logged for it.
+class ShotView final : public RecordPage {
+    Q_OBJECT
+
+public:
+    ShotView(PageContext context, const Identifier& projectID, const Identifier& actID, const Identifier& shotID,
+             QWidget* parent = nullptr);
+
+protected:
+    bool fill() override;
+
+private:
+    [[nodiscard]] QWidget* makeBrief(QWidget* parent);
+    [[nodiscard]] QWidget* makeSound(QWidget* parent);
+    void makeTakes(QWidget* body);
+    [[nodiscard]] TextBinding bind(Text Shot::*member) const;
+    void fillTexts(const Act& act, const Shot& shot);
+    void fillTakes(const Shot& shot);
+
+    const Identifier projectID;
+    const Identifier actID;
+    const Identifier shotID;
+    PageHeading* heading = nullptr;
+    Button* newTake = nullptr;
+    Label* cancelled = nullptr;
+    Card* brief = nullptr;
+    LabeledField* code = nullptr;
+    LabeledField* title = nullptr;
+    ParagraphField* description = nullptr;
+    LabeledField* framing = nullptr;
+    LabeledField* movement = nullptr;
+    Card* sound = nullptr;
+    SoundPicker* mode = nullptr;
+    LabeledField* soundDescription = nullptr;
+    Label* takesTitle = nullptr;
+    Label* noTakes = nullptr;
+    RowList* takes = nullptr;
+};
+
+} // namespace vantry

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "Vantry/interface/pages/RecordPage.h"
+
+namespace vantry {
+
+class Button;
+class Card;
+class Label;
+class LabeledField;
+class PageHeading;
+class ParagraphField;
+class SegmentedChoice;
+class SoundPicker;
+class StarRating;
+
+/// The log of one take, built for speed on set: verdict, rating, free notes, media names, the next take.
+class TakeView final : public RecordPage {
+    Q_OBJECT
+
+public:
+    TakeView(PageContext context, const Identifier& projectID, const Identifier& actID, const Identifier& shotID,
+             const Identifier& takeID, QWidget* parent = nullptr);
+
+protected:
+    bool fill() override;
+
+private:
+    [[nodiscard]] QWidget* makeLog(QWidget* parent);
+    [[nodiscard]] QWidget* makeResultBar(QWidget* parent);
+    [[nodiscard]] QWidget* makeMedia(QWidget* parent);
+    [[nodiscard]] TextBinding bind(Text VantryTake::*member) const;
+    void changeTake(const std::function<void(VantryTake&)>& change) const;
+    void fillResultBar(const VantryTake& take);
+    void fillMedia(const VantryTake& take);
+    void fillCameraTitle();
+
+    const Identifier projectID;
+    const Identifier actID;
+    const Identifier shotID;
+    const Identifier takeID;
+    PageHeading* heading = nullptr;
+    Button* newTake = nullptr;
+    Label* retained = nullptr;
+    Label* resultTitle = nullptr;
+    SegmentedChoice* result = nullptr;
+    Label* ratingTitle = nullptr;
+    StarRating* stars = nullptr;
+    ParagraphField* notes = nullptr;
+    Label* notesHint = nullptr;
+    Card* media = nullptr;
+    SoundPicker* mode = nullptr;
+    ParagraphField* cameraFile = nullptr;
+    LabeledField* mixerFile = nullptr;
+    Label* soundNumber = nullptr;
+    Label* kept = nullptr;
+    Button* back = nullptr;
+};
+
+} // namespace vantry
