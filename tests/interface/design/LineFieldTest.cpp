@@ -1,0 +1,99 @@
+#include "Vantry/interface/design/LineField.h"
+
+#include <gtest/gtest.h>
+
+#include <QInputMethodEvent>
+#include <QTest>
+
+namespace vantry::test {
+namespace {
+
+/// A field bound to a text that stands for the stored one.
+class LineFieldTest : public testing::Test {
+protected:
+    void SetUp() override {
+        field.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&field));
+        field.activateWindow();
+        field.setFocus();
+    }
+    void bind(const QString& text) {
+        stored = text;
+        field.setBinding({[this] { return stored; },
+                          [this](const QString& next) {
+                              ++writes;
+                              stored = next;
+                          }});
+    }
+
+    LineField field;
+    std::optional<QString> stored;
+    int writes = 0;
+};
+
+TEST_F(LineFieldTest, PublishesWhatIsTyped) {
+    bind(QStringLiteral("Night"));
+    QTest::keyClick(&field, Qt::Key_End);
+    QTest::keyClicks(&field, QStringLiteral(" Ferry"));
+    EXPECT_EQ(stored, QStringLiteral("Night Ferry"));
+}
+
+TEST_F(LineFieldTest, ATextWithLineEndsIsNotTouched) {
+    const QString text = QStringLiteral("one\r\ntwo\nthree\u2028four\u2029five") + QChar(u'\0') + QStringLiteral("six");
+    bind(text);
+    field.clearFocus();
+    field.setFocus();
+    field.synchronize();
+    EXPECT_EQ(writes, 0);
+    QTest::keyClick(&field, Qt::Key_End);
+    QTest::keyClicks(&field, QStringLiteral("!"));
+    EXPECT_EQ(stored, text + QLatin1Char('!'));
+}
+
+TEST_F(LineFieldTest, AVeryLongTextIsKeptWhole) {
+    const QString text(100000, QLatin1Char('x'));
+    bind(text);
+    QTest::keyClick(&field, Qt::Key_Home);
+    QTest::keyClicks(&field, QStringLiteral("y"));
+    EXPECT_EQ(stored, QLatin1Char('y') + text);
+}
+
+TEST_F(LineFieldTest, AnOutsideTextLeavesTheCaretWhereItCanStand) {
+    bind(QStringLiteral("A long title"));
+    field.setCursorPosition(6);
+    stored = QStringLiteral("A longer title");
+    field.synchronize();
+    EXPECT_EQ(field.text(), *stored);
+    EXPECT_EQ(field.cursorPosition(), 6);
+    stored = QStringLiteral("A");
+    field.synchronize();
+    EXPECT_EQ(field.cursorPosition(), 1);
+    EXPECT_EQ(writes, 0);
+}
+
+TEST_F(LineFieldTest, AnOpenCompositionIsNotDisturbed) {
+    bind(QStringLiteral("ab"));
+    QTest::keyClick(&field, Qt::Key_End);
+    QInputMethodEvent compose(QStringLiteral("zhong"), {});
+    QApplication::sendEvent(&field, &compose);
+    stored = QStringLiteral("abc");
+    field.synchronize();
+    EXPECT_EQ(field.text(), QStringLiteral("ab"));
+    QInputMethodEvent commit;
+    commit.setCommitString(QStringLiteral("中"));
+    QApplication::sendEvent(&field, &commit);
+    EXPECT_EQ(stored, QStringLiteral("abc中")) << "the change from outside is still there";
+    field.synchronize();
+    EXPECT_EQ(field.text(), QStringLiteral("abc中"));
+}
+
+TEST_F(LineFieldTest, ARecordThatIsGoneIsNotWritten) {
+    bind(QStringLiteral("title"));
+    stored.reset();
+    QTest::keyClicks(&field, QStringLiteral("x"));
+    field.synchronize();
+    EXPECT_EQ(writes, 0);
+}
+
+} // namespace
+} // namespace vantry::test

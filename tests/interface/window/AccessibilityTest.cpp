@@ -1,0 +1,147 @@
+// Every control of every page has a role and a name, in both languages.
+
+#include "tests/interface/window/WindowFixture.h"
+
+namespace vantry::test {
+namespace {
+
+struct Spoken {
+    QAccessible::Role role;
+    QString name;
+
+    friend bool operator==(const Spoken&, const Spoken&) = default;
+};
+
+void PrintTo(const Spoken& spoken, std::ostream* out) {
+    *out << spoken.role << ' ' << spoken.name.toStdString();
+}
+
+class AccessibilityTest : public WindowTest {
+protected:
+    void SetUp() override {
+        WindowTest::SetUp();
+        makeTake();
+        store->setLanguage("en");
+        settle();
+    }
+    /// What can be operated within a widget, in the order of the tree that tools walk through.
+    static void collect(QAccessibleInterface* from, std::vector<Spoken>& found) {
+        if (from == nullptr || from->state().invisible)
+            return;
+        const bool operable = from->state().focusable || from->role() == QAccessible::Button;
+        if (operable && from->role() != QAccessible::Pane && from->role() != QAccessible::Client)
+            found.push_back({from->role(), from->text(QAccessible::Name)});
+        for (int at = 0; at < from->childCount(); ++at)
+            collect(from->child(at), found);
+    }
+    [[nodiscard]] std::vector<Spoken> controls(QWidget& within) const {
+        std::vector<Spoken> found;
+        collect(QAccessible::queryAccessibleInterface(&within), found);
+        std::erase_if(found, [](const Spoken& spoken) { return spoken.role == QAccessible::ScrollBar; });
+        return found;
+    }
+    void expectOnPage(const Route& place, const std::vector<Spoken>& expected) {
+        go(place);
+        const auto found = controls(page());
+        for (const Spoken& spoken : expected)
+            EXPECT_NE(std::find(found.begin(), found.end(), spoken), found.end()) << testing::PrintToString(spoken);
+        for (const Spoken& spoken : found)
+            EXPECT_NE(std::find(expected.begin(), expected.end(), spoken), expected.end())
+                << testing::PrintToString(spoken);
+        EXPECT_EQ(found.size(), expected.size());
+    }
+};
+
+TEST_F(AccessibilityTest, TheLibrary) {
+    expectOnPage(Route::library(),
+                 {{QAccessible::Button, "New project"}, {QAccessible::Button, "候车室"}});
+}
+
+TEST_F(AccessibilityTest, AProduction) {
+    expectOnPage(Route::project(project), {{QAccessible::Button, "第 1 幕"},
+                                           {QAccessible::Button, "Add act"},
+                                           {QAccessible::EditableText, "Project name"},
+                                           {QAccessible::EditableText, "Director"},
+                                           {QAccessible::EditableText, "Project notes"}});
+}
+
+TEST_F(AccessibilityTest, AnAct) {
+    const QString row = toQString(shotRecord().code) + QStringLiteral(" 未命名镜头");
+    expectOnPage(Route::act(project, act), {{QAccessible::Button, "Add shot"},
+                                            {QAccessible::EditableText, "Act name"},
+                                            {QAccessible::Button, row}});
+}
+
+TEST_F(AccessibilityTest, AShot) {
+    expectOnPage(shotRoute(), {{QAccessible::Button, "New take · ⌘ Return"},
+                               {QAccessible::EditableText, "Code"},
+                               {QAccessible::EditableText, "Title"},
+                               {QAccessible::EditableText, "Image & action"},
+                               {QAccessible::EditableText, "Framing"},
+                               {QAccessible::EditableText, "Position / movement"},
+                               {QAccessible::RadioButton, "Sync sound"},
+                               {QAccessible::RadioButton, "MOS"},
+                               {QAccessible::RadioButton, "Room Tone"},
+                               {QAccessible::EditableText, "Sound"},
+                               {QAccessible::Button, "Take 01"}});
+}
+
+TEST_F(AccessibilityTest, ATake) {
+    expectOnPage(takeRoute(), {{QAccessible::Button, "New take · ⌘ Return"},
+                               {QAccessible::RadioButton, "Pending"},
+                               {QAccessible::RadioButton, "Good"},
+                               {QAccessible::RadioButton, "NG"},
+                               {QAccessible::Button, "1 stars"},
+                               {QAccessible::Button, "2 stars"},
+                               {QAccessible::Button, "3 stars"},
+                               {QAccessible::Button, "4 stars"},
+                               {QAccessible::Button, "5 stars"},
+                               {QAccessible::EditableText, "On-set notes · write freely"},
+                               {QAccessible::RadioButton, "Sync sound"},
+                               {QAccessible::RadioButton, "MOS"},
+                               {QAccessible::RadioButton, "Room Tone"},
+                               {QAccessible::EditableText, "Camera media names"},
+                               {QAccessible::EditableText, "Mixer media name"},
+                               {QAccessible::Button, "Back to shot"}});
+    const auto* group = QAccessible::queryAccessibleInterface(&get(QStringLiteral("Take result"), &page()));
+    ASSERT_NE(group, nullptr);
+}
+
+TEST_F(AccessibilityTest, AMissingRecord) {
+    expectOnPage(Route::project(Identifier::random()), {{QAccessible::Button, "Back to library"}});
+    EXPECT_TRUE(shows(QStringLiteral("This record was deleted")));
+}
+
+TEST_F(AccessibilityTest, TheFrameOfTheWindow) {
+    go(takeRoute());
+    const auto found = controls(*window);
+    for (const Spoken& spoken : std::vector<Spoken>{{QAccessible::Button, "Library"},
+                                                    {QAccessible::Button, "Expand all"},
+                                                    {QAccessible::Button, "Collapse"},
+                                                    {QAccessible::Tree, "Contents"},
+                                                    {QAccessible::TreeItem, "候车室"},
+                                                    {QAccessible::Button, "New project"},
+                                                    {QAccessible::Button, "Back"},
+                                                    {QAccessible::Button, "Save"}})
+        EXPECT_NE(std::find(found.begin(), found.end(), spoken), found.end()) << testing::PrintToString(spoken);
+    for (const Spoken& spoken : found)
+        EXPECT_FALSE(spoken.name.isEmpty()) << spoken.role;
+    const auto& library = get<QAbstractButton>(QStringLiteral("Library"), tree().parentWidget());
+    EXPECT_FALSE(QAccessible::queryAccessibleInterface(&const_cast<QAbstractButton&>(library))->state().selected);
+    go(Route::library());
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(&const_cast<QAbstractButton&>(library))->state().selected);
+}
+
+TEST_F(AccessibilityTest, TheSheet) {
+    clickOnPage(QStringLiteral("New project"));
+    auto* sheet = QApplication::activeModalWidget();
+    ASSERT_NE(sheet, nullptr);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(sheet)->text(QAccessible::Name), QStringLiteral("New project"));
+    EXPECT_EQ(controls(*sheet), (std::vector<Spoken>{{QAccessible::EditableText, "Project name"},
+                                                     {QAccessible::EditableText, "Director"},
+                                                     {QAccessible::Button, "Cancel"},
+                                                     {QAccessible::Button, "Create"}}));
+}
+
+} // namespace
+} // namespace vantry::test

@@ -1,0 +1,149 @@
+// Writing on the pages: what is typed reaches the record, what is only looked at stays as it is stored.
+
+#include "tests/interface/window/WindowFixture.h"
+
+namespace vantry::test {
+namespace {
+
+const Text foreignLines(std::string("one\r\ntwo\rthree\u2028four\u2029five\u00A0six") + '\0' + "\uFFFCseven");
+
+class NotesTest : public WindowTest {
+protected:
+    void SetUp() override {
+        WindowTest::SetUp();
+        makeTake();
+    }
+};
+
+TEST_F(NotesTest, LookingAtForeignLineEndsPublishesNothing) {
+    store->updateTake(project, act, shot, take, [](VantryTake& record) {
+        record.notes = foreignLines;
+        record.cameraFile = foreignLines;
+        record.mixerFile = foreignLines;
+    });
+    store->updateShot(project, act, shot, [](Shot& record) {
+        for (Text Shot::*member : {&Shot::code, &Shot::title, &Shot::description, &Shot::framing, &Shot::movement,
+                                   &Shot::soundDescription})
+            record.*member = foreignLines;
+    });
+    store->updateAct(project, act, [](Act& record) { record.title = foreignLines; });
+    store->updateProject(project, [](Project& record) {
+        record.title = foreignLines;
+        record.director = foreignLines;
+        record.notes = foreignLines;
+    });
+    store->flush();
+    const auto before = support::factsOf(file());
+    for (const Route& place : {Route::project(project), Route::act(project, act), shotRoute(), takeRoute()}) {
+        go(place);
+        for (auto* editor : page().findChildren<ParagraphEditor*>()) {
+            QTest::mouseClick(editor->viewport(), Qt::LeftButton);
+            QTest::keyClick(editor, Qt::Key_End, Qt::ControlModifier);
+        }
+        for (auto* field : page().findChildren<QLineEdit*>()) {
+            QTest::mouseClick(field, Qt::LeftButton);
+            QTest::keyClick(field, Qt::Key_End);
+        }
+        page().setFocus();
+        settle();
+        EXPECT_FALSE(store->hasUnsavedChanges());
+    }
+    clock.advance(1000);
+    EXPECT_EQ(support::factsOf(file()), before);
+}
+
+TEST_F(NotesTest, AnEditKeepsTheForeignLineEndsAroundIt) {
+    store->updateTake(project, act, shot, take, [](VantryTake& record) { record.notes = foreignLines; });
+    go(takeRoute());
+    notes().setFocus();
+    QTest::keyClick(&notes(), Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClicks(&notes(), QStringLiteral("!"));
+    EXPECT_EQ(takeRecord().notes.utf8(), foreignLines.utf8() + "!");
+}
+
+TEST_F(NotesTest, ATextThatBeginsWithAByteOrderMarkKeepsIt) {
+    const Text marked("\uFEFFslate");
+    store->updateTake(project, act, shot, take, [&](VantryTake& record) { record.notes = marked; });
+    go(takeRoute());
+    notes().setFocus();
+    QTest::keyClick(&notes(), Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClicks(&notes(), QStringLiteral("!"));
+    EXPECT_EQ(takeRecord().notes.utf8(), marked.utf8() + "!");
+}
+
+TEST_F(NotesTest, AutosaveMovesNeitherCaretNorScroll) {
+    std::string text;
+    for (int number = 0; number < 120; ++number)
+        text += "Paragraph " + std::to_string(number) + "\n";
+    store->updateTake(project, act, shot, take, [&](VantryTake& record) { record.notes = Text(text); });
+    go(takeRoute());
+    notes().setFocus();
+    QTextCursor cursor = notes().textCursor();
+    cursor.setPosition(static_cast<int>(text.find("Paragraph 60")) + 4);
+    notes().setTextCursor(cursor);
+    notes().ensureCursorVisible();
+    QTest::keyClicks(&notes(), QStringLiteral("x"));
+    const int position = notes().textCursor().position();
+    clock.advance(350);
+    settle();
+    EXPECT_FALSE(store->hasUnsavedChanges());
+    EXPECT_EQ(notes().textCursor().position(), position);
+    QTest::keyClicks(&notes(), QStringLiteral("y"));
+    EXPECT_NE(takeRecord().notes.utf8().find("Paraxygraph 60"), std::string::npos);
+}
+
+TEST_F(NotesTest, AnOpenCompositionSurvivesASaveAndARefresh) {
+    go(takeRoute());
+    QTest::keyClicks(&notes(), QStringLiteral("a"));
+    QInputMethodEvent compose(QStringLiteral("zhong"), {});
+    QApplication::sendEvent(&notes(), &compose);
+    clock.advance(350);
+    store->setLanguage("en");
+    settle();
+    auto& editor = get<ParagraphEditor>(QStringLiteral("On-set notes · write freely"));
+    EXPECT_TRUE(editor.isComposing());
+    EXPECT_EQ(takeRecord().notes, Text("a"));
+    commit(editor, QStringLiteral("中"));
+    EXPECT_EQ(takeRecord().notes, Text("a中"));
+}
+
+TEST_F(NotesTest, WhatChangedElsewhereIsNotOverwrittenByAStalePage) {
+    go(takeRoute());
+    QTest::keyClicks(&notes(), QStringLiteral("mine"));
+    store->updateTake(project, act, shot, take, [](VantryTake& record) { record.notes = "theirs, and mine"; });
+    // The page has not been brought in line yet when the next key comes.
+    QTest::keyClicks(&notes(), QStringLiteral("!"));
+    EXPECT_EQ(takeRecord().notes, Text("theirs, and mine!"));
+    settle();
+    EXPECT_EQ(notes().toPlainText(), QStringLiteral("theirs, and mine!"));
+}
+
+TEST_F(NotesTest, ARecordThatIsDeletedWhileItIsEditedStaysDeleted) {
+    go(takeRoute());
+    auto& editor = notes();
+    QTest::keyClicks(&editor, QStringLiteral("typed"));
+    store->updateShot(project, act, shot, [](Shot& record) { record.takes.clear(); });
+    QTest::keyClicks(&editor, QStringLiteral(" and more"));
+    settle();
+    EXPECT_TRUE(shotRecord().takes.empty());
+    EXPECT_TRUE(shows(QStringLiteral("这条记录已删除")));
+    EXPECT_EQ(route(), takeRoute()) << "the place stays";
+    clickOnPage(QStringLiteral("返回资料库"));
+    EXPECT_EQ(route(), Route::library());
+}
+
+TEST_F(NotesTest, ARecordThatComesBackFindsItsPageAsItWas) {
+    go(takeRoute());
+    QTest::keyClicks(&notes(), QStringLiteral("typed"));
+    ParagraphEditor* const editor = &notes();
+    const auto kept = store->shot(project, act, shot)->takes;
+    store->updateShot(project, act, shot, [](Shot& record) { record.takes.clear(); });
+    settle();
+    store->updateShot(project, act, shot, [&](Shot& record) { record.takes = kept; });
+    settle();
+    EXPECT_EQ(&notes(), editor);
+    EXPECT_EQ(editor->toPlainText(), QStringLiteral("typed"));
+}
+
+} // namespace
+} // namespace vantry::test
