@@ -8,6 +8,8 @@ if(VANTRY_WARNINGS_ARE_ERRORS)
 endif()
 if(VANTRY_SANITIZE)
   target_compile_options(vantry_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  # The standard library's own checks: an index behind the end, an empty optional.
+  target_compile_definitions(vantry_flags INTERFACE _GLIBCXX_ASSERTIONS)
   target_link_options(vantry_flags INTERFACE -fsanitize=address,undefined)
 endif()
 if(VANTRY_COVERAGE)
