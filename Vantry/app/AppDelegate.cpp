@@ -6,6 +6,7 @@
 #include <utility>
 
 #include <QApplication>
+#include <QInputMethod>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -80,11 +81,18 @@ void AppDelegate::setStore(VantryStore& guarded) {
     });
 }
 
+/// What an input method still holds was typed as well.
+void AppDelegate::save() {
+    if (QGuiApplication::inputMethod() != nullptr)
+        QGuiApplication::inputMethod()->commit();
+    store->flush();
+}
+
 bool AppDelegate::shouldTerminate() {
     if (asking)
         return false;
     if (store != nullptr) {
-        store->flush();
+        save();
         if (!decided && store->saveFailed() && store->error()) {
             const QScopedValueRollback guard(asking, true);
             if (!ask(*store->error()))
@@ -115,7 +123,7 @@ void AppDelegate::endBySignal() {
     while (::read(signalPipe[0], &wake, 1) == 1) {
     }
     if (store != nullptr)
-        store->flush();
+        save();
     const bool lost = store != nullptr && store->saveFailed();
     decided = true;
     // Through all event loops, that of an open question too.
@@ -125,7 +133,7 @@ void AppDelegate::endBySignal() {
 void AppDelegate::decideSession(QSessionManager& session) {
     if (!session.allowsInteraction()) {
         if (store != nullptr)
-            store->flush();
+            save();
         return;
     }
     const bool end = shouldTerminate();

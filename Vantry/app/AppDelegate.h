@@ -34,11 +34,15 @@ public:
     /// asked again while its question is on screen it says no.
     [[nodiscard]] bool shouldTerminate();
 
+    /// Whether its question is on screen at this moment.
+    [[nodiscard]] bool isAsking() const noexcept { return asking; }
+
     /// Lets SIGTERM, SIGINT and SIGHUP save and end the process without a question, and puts the end of the
     /// desktop session before `shouldTerminate`. Needs the application object; call once.
     void watchSystem();
 
 private:
+    void save();
     void endBySignal();
     void decideSession(QSessionManager& session);
 

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include <QString>
+#include <QStringDecoder>
 
 #include "VantryCore/records/Text.h"
 
@@ -11,7 +12,10 @@ namespace vantry {
 // The edge between the records' UTF-8 and Qt's UTF-16; nothing else converts.
 
 [[nodiscard]] inline QString toQString(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    // A byte order mark in front is a character of the text: `fromUtf8` would drop it.
+    QStringDecoder decoder(QStringConverter::Utf8,
+                           QStringConverter::Flag::Stateless | QStringConverter::Flag::ConvertInitialBom);
+    return decoder(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));
 }
 
 [[nodiscard]] inline QString toQString(const Text& text) {

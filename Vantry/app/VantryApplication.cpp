@@ -22,16 +22,28 @@ bool VantryApplication::deliver(QObject* receiver, QEvent* event, bool isRepetit
     return QApplication::notify(receiver, event);
 }
 
+bool VantryApplication::isRepetition(const QKeyEvent& event) const {
+    // No finger lets a key go and presses it again within this time.
+    constexpr quint64 sameMoment = 3;
+    const bool pressedAtOnce = releasedAt != 0 && event.key() == releasedKey &&
+                               event.timestamp() >= releasedAt &&
+                               event.timestamp() - releasedAt <= sameMoment;
+    return event.isAutoRepeat() || pressedAtOnce;
+}
+
 bool VantryApplication::notify(QObject* receiver, QEvent* event) {
     switch (event->type()) {
     case QEvent::ShortcutOverride:
-        offeredRepeat = static_cast<QKeyEvent*>(event)->isAutoRepeat();
+        offeredRepeat = isRepetition(*static_cast<QKeyEvent*>(event));
         return QApplication::notify(receiver, event);
     case QEvent::Shortcut:
         return deliver(receiver, event, offeredRepeat);
     case QEvent::KeyPress:
-        return deliver(receiver, event, static_cast<QKeyEvent*>(event)->isAutoRepeat());
+        return deliver(receiver, event, isRepetition(*static_cast<QKeyEvent*>(event)));
     case QEvent::KeyRelease:
+        releasedKey = static_cast<QKeyEvent*>(event)->key();
+        releasedAt = static_cast<QKeyEvent*>(event)->timestamp();
+        return deliver(receiver, event, false);
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:

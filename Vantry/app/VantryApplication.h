@@ -4,10 +4,14 @@
 
 #include "Vantry/app/KeyEvents.h"
 
+class QKeyEvent;
+
 namespace vantry {
 
 /// The Qt application, which also knows whether the event under way comes from a held key.
 ///
+/// A repetition is known by Qt's own mark or, where the window system delivers a held key as releases and
+/// presses of the same moment and Qt does not see that they belong together, by their time stamps.
 /// A shortcut never arrives as a key press: Qt offers the key as a ShortcutOverride first and, when a
 /// shortcut matches, sends a Shortcut event instead. So the repetition is remembered from the override and
 /// holds while the Shortcut event is delivered.
@@ -25,9 +29,12 @@ public:
 
 private:
     bool deliver(QObject* receiver, QEvent* event, bool isRepetition);
+    [[nodiscard]] bool isRepetition(const QKeyEvent& event) const;
 
     bool repeating = false;
     bool offeredRepeat = false;
+    int releasedKey = 0;
+    quint64 releasedAt = 0;  ///< milliseconds of the window system's clock; 0 when unknown
 };
 
 }  // namespace vantry

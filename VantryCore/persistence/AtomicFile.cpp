@@ -131,7 +131,7 @@ void AtomicFile::removeLeftovers(const fs::path& file) noexcept {
             const std::string name = entry.path().filename().string();
             if (!isTemporaryName(name, beginning))
                 continue;
-            const int left = ::open(entry.path().c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+            const int left = ::open(entry.path().c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
             if (left == -1)
                 continue;
             if (::flock(left, LOCK_EX | LOCK_NB) == 0)

@@ -129,6 +129,9 @@ void FileOperations::remove(const fs::path& path) noexcept {
 
 void FileOperations::syncFolder(const fs::path& folder) {
     const int file = restarting([&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
+    // A folder that may be written but not listed cannot be opened; its names are left to the file system.
+    if (file == -1 && errno == EACCES)
+        return;
     if (file == -1)
         fail(folder);
     const int result = restarting([&] { return ::fsync(file); });

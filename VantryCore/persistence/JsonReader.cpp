@@ -328,8 +328,7 @@ void read(const element& value, T& out, const Place& place) {
 template <class Value>
 Value decodePadded(std::string_view json) {
     simdjson::dom::parser parser;
-    // The parser counts the document itself as a level.
-    if (const auto error = parser.allocate(std::max<std::size_t>(json.size(), 1), deepestNesting + 1);
+    if (const auto error = parser.allocate(std::max<std::size_t>(json.size(), 1), deepestNesting);
         error != simdjson::SUCCESS)
         throw DecodingError({}, std::string("too large to read: ") + simdjson::error_message(error));
     element root;

@@ -44,6 +44,35 @@ TEST_F(HeldKeyTest, AShortcutKnowsWhetherItsKeyIsHeld) {
     EXPECT_FALSE(VantryApplication::instance().isRepeat()) << "valid only while the event is handled";
 }
 
+TEST_F(HeldKeyTest, AReleaseAndAPressOfTheSameMomentAreOneHeldKey) {
+    const auto send = [this](QEvent::Type type, quint64 at) {
+        QKeyEvent event(type, Qt::Key_N, Qt::NoModifier);
+        event.setTimestamp(at);
+        QCoreApplication::sendEvent(&button, &event);
+    };
+    std::vector<bool> repeats;
+    class Listener : public QObject {
+    public:
+        explicit Listener(std::vector<bool>& target)
+            : seen(target) {}
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::KeyPress)
+                seen.push_back(VantryApplication::instance().isRepeat());
+            return false;
+        }
+        std::vector<bool>& seen;
+    } listener(repeats);
+    button.installEventFilter(&listener);
+    send(QEvent::KeyPress, 1000);
+    send(QEvent::KeyRelease, 1660);
+    send(QEvent::KeyPress, 1660);
+    send(QEvent::KeyRelease, 1700);
+    send(QEvent::KeyPress, 1701);
+    send(QEvent::KeyRelease, 1800);
+    send(QEvent::KeyPress, 1900);
+    EXPECT_EQ(repeats, (std::vector{false, true, true, false}));
+}
+
 TEST_F(HeldKeyTest, AClickAfterAHeldKeyIsNoRepetition) {
     QTest::simulateEvent(&field, true, Qt::Key_Return, Qt::ControlModifier, QString(), true);
     heard.clear();

@@ -2,6 +2,7 @@
 #include <cerrno>
 #include <chrono>
 #include <iostream>
+#include <map>
 #include <new>
 
 #include <gtest/gtest.h>
@@ -64,18 +65,24 @@ Library generation(std::uint32_t number) {
     return library;
 }
 
-std::string bytesOf(std::uint32_t number) {
-    return Codec::encode(generation(number));
+/// What the file of a generation holds.
+const std::string& bytesOf(std::uint32_t number) {
+    static std::map<std::uint32_t, std::string> known;
+    if (known.size() > 8)
+        known.erase(known.begin());
+    auto& bytes = known[number];
+    if (bytes.empty())
+        bytes = Codec::encode(generation(number));
+    return bytes;
 }
 
-/// The generation that a file holds, to the last byte.
-std::optional<std::uint32_t> generationIn(const fs::path& file) {
+/// The generation up to `latest` that a file holds, to the last byte; the last few come into question.
+std::optional<std::uint32_t> generationIn(const fs::path& file, std::uint32_t latest) {
     const std::string bytes = contentOf(file);
-    const Library library = Codec::decode<Library>(bytes);
-    const auto number = static_cast<std::uint32_t>(std::stoul(library.projects.at(1)->notes.utf8()));
-    if (bytes != bytesOf(number))
-        return std::nullopt;
-    return number;
+    for (std::uint32_t back = 0; back < 3 && back < latest; ++back)
+        if (bytes == bytesOf(latest - back))
+            return latest - back;
+    return std::nullopt;
 }
 
 struct Way {
@@ -149,7 +156,7 @@ protected:
 
     void expectWholeGenerations(bool inside) {
         const std::uint32_t completed = shared->completed;
-        const auto current = generationIn(file);
+        const auto current = generationIn(file, completed + 1);
         ASSERT_TRUE(current) << "the file is no whole generation";
         ASSERT_TRUE(*current == completed || (inside && *current == completed + 1))
             << *current << " instead of " << completed;
@@ -157,7 +164,7 @@ protected:
             ++foundNew;
         const fs::path previous = DiskStore::previousOf(file);
         if (fs::exists(previous)) {
-            const auto kept = generationIn(previous);
+            const auto kept = generationIn(previous, completed + 1);
             ASSERT_TRUE(kept) << "the previous file is no whole generation";
             // The one in front of the current one, or already the current one, which is about to be replaced.
             ASSERT_TRUE(*kept + 1 == *current || (*kept == *current && *current == completed))
@@ -168,9 +175,10 @@ protected:
         if (!support::temporaryNamesIn(folder.path()).empty())
             ++leftTemporary;
 
+        // The next writer reads the file whole and carries on over whatever was left.
         write(*current + 1);
-        ASSERT_EQ(contentOf(file), bytesOf(*current + 1));
-        ASSERT_EQ(contentOf(previous), bytesOf(*current));
+        ASSERT_TRUE(contentOf(file) == bytesOf(*current + 1));
+        ASSERT_TRUE(contentOf(previous) == bytesOf(*current));
         ASSERT_EQ(support::namesIn(folder.path()),
                   (std::vector<std::string>{"library.json", "library.json.previous"}));
     }

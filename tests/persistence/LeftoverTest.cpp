@@ -1,6 +1,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "VantryCore/persistence/AtomicFile.h"
@@ -44,6 +45,14 @@ TEST(Leftovers, BesideTheTargetOfALinkAreRemovedToo) {
     DiskStore::write(libraryTitled("two"), folder / "library.json");
     EXPECT_EQ(namesIn(folder / "elsewhere"), Names{"real.json"});
     EXPECT_EQ(namesIn(folder.path()), (Names{"elsewhere", "library.json", "library.json.previous"}));
+}
+
+TEST(Leftovers, ThatArePipesStopNobody) {
+    const TemporaryFolder folder;
+    const fs::path file = folder / "library.json";
+    ASSERT_EQ(::mkfifo(AtomicFile::temporaryName(file).c_str(), 0600), 0);
+    DiskStore::write(libraryTitled("one"), file);
+    EXPECT_TRUE(DiskStore::read(file) == libraryTitled("one"));
 }
 
 TEST(Leftovers, OfTheLivingStay) {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <functional>
 #include <map>
 
 #include <gtest/gtest.h>
@@ -6,7 +7,6 @@
 #include "VantryCore/persistence/Codec.h"
 #include "VantryCore/persistence/VantryError.h"
 #include "tests/support/JsonText.h"
-#include "tests/support/RandomRecords.h"
 #include "tests/support/RecordTypes.h"
 #include "tests/support/SampleLibrary.h"
 
@@ -15,145 +15,257 @@ namespace {
 
 using support::membersOf;
 
-/// The keys of each record's JSON form in field order; one in brackets is optional.
-template <class T>
-std::vector<std::string> keysOf();
-
-template <>
-std::vector<std::string> keysOf<Library>() {
-    return {"format", "version", "projects"};
-}
-template <>
-std::vector<std::string> keysOf<Project>() {
-    return {"id",
-            "[conflictKey]",
-            "title",
-            "director",
-            "[crewMembers]",
-            "[castMembers]",
-            "[callSheetRecords]",
-            "[relatedFileRecords]",
-            "notes",
-            "defaults",
-            "createdAt",
-            "acts"};
-}
-template <>
-std::vector<std::string> keysOf<Act>() {
-    return {"id", "[conflictKey]", "title", "shots"};
-}
-template <>
-std::vector<std::string> keysOf<Shot>() {
-    return {"id",
-            "[conflictKey]",
-            "code",
-            "title",
-            "description",
-            "framing",
-            "movement",
-            "soundDescription",
-            "soundMode",
-            "parameters",
-            "[imageKey]",
-            "strokes",
-            "[scheduledAt]",
-            "durationMinutes",
-            "cancelled",
-            "takes"};
-}
-template <>
-std::vector<std::string> keysOf<VantryTake>() {
-    return {"id",        "[conflictKey]", "number",    "[cameraNumber]", "[soundNumber]",
-            "soundMode", "cameraFile",    "mixerFile", "notes",          "result",
-            "stars",     "parameters",    "createdAt"};
-}
-template <>
-std::vector<std::string> keysOf<Parameters>() {
-    return {"values"};
-}
-template <>
-std::vector<std::string> keysOf<Stroke>() {
-    return {"id", "points"};
-}
-template <>
-std::vector<std::string> keysOf<Point>() {
-    return {"x", "y"};
-}
-template <>
-std::vector<std::string> keysOf<CrewMember>() {
-    return {"id", "role", "customRole", "name"};
-}
-template <>
-std::vector<std::string> keysOf<CastMember>() {
-    return {"id", "character", "actor"};
-}
-template <>
-std::vector<std::string> keysOf<CallSheet>() {
-    return {"id", "date", "timeZoneID", "fields", "people"};
-}
-template <>
-std::vector<std::string> keysOf<CallSheetPerson>() {
-    return {"id",    "[sourceID]", "isCast",   "role",  "name", "callTime",
-            "phone", "makeup",     "wardrobe", "ready", "notes"};
-}
-template <>
-std::vector<std::string> keysOf<RelatedFile>() {
-    return {"id", "kind", "name", "location", "[bookmark]", "notes"};
-}
+enum class Kind { identifier, text, texts, truth, integer, number, list, word, bytes, record };
 
 struct Key {
-    std::string name;
+    const char* name;
+    Kind kind;
     bool optional = false;
 };
 
-template <class T>
-std::vector<Key> tableOf() {
-    std::vector<Key> table;
-    for (const auto& key : keysOf<T>())
-        table.push_back(key.front() == '[' ? Key{key.substr(1, key.size() - 2), true} : Key{key, false});
-    return table;
-}
-
-// Which JSON values a field of each type takes.
-
-struct Candidates {
-    static constexpr const char* values[] = {"null", "true", "12",     "1.5",       "\"no such text\"", "[]",
-                                             "{}",   "[5]",  "[null]", "{\"k\":5}", "{\"k\":null}"};
+/// The keys of each record's JSON form, in the order of its fields.
+const std::map<std::string, std::vector<Key>> tables{
+    {"Library", {{"format", Kind::text}, {"version", Kind::integer}, {"projects", Kind::list}}},
+    {"Project",
+     {{"id", Kind::identifier},
+      {"conflictKey", Kind::text, true},
+      {"title", Kind::text},
+      {"director", Kind::text},
+      {"crewMembers", Kind::list, true},
+      {"castMembers", Kind::list, true},
+      {"callSheetRecords", Kind::list, true},
+      {"relatedFileRecords", Kind::list, true},
+      {"notes", Kind::text},
+      {"defaults", Kind::record},
+      {"createdAt", Kind::number},
+      {"acts", Kind::list}}},
+    {"Act",
+     {{"id", Kind::identifier},
+      {"conflictKey", Kind::text, true},
+      {"title", Kind::text},
+      {"shots", Kind::list}}},
+    {"Shot",
+     {{"id", Kind::identifier},
+      {"conflictKey", Kind::text, true},
+      {"code", Kind::text},
+      {"title", Kind::text},
+      {"description", Kind::text},
+      {"framing", Kind::text},
+      {"movement", Kind::text},
+      {"soundDescription", Kind::text},
+      {"soundMode", Kind::word},
+      {"parameters", Kind::record},
+      {"imageKey", Kind::text, true},
+      {"strokes", Kind::list},
+      {"scheduledAt", Kind::number, true},
+      {"durationMinutes", Kind::integer},
+      {"cancelled", Kind::truth},
+      {"takes", Kind::list}}},
+    {"VantryTake",
+     {{"id", Kind::identifier},
+      {"conflictKey", Kind::text, true},
+      {"number", Kind::integer},
+      {"cameraNumber", Kind::integer, true},
+      {"soundNumber", Kind::integer, true},
+      {"soundMode", Kind::word},
+      {"cameraFile", Kind::text},
+      {"mixerFile", Kind::text},
+      {"notes", Kind::text},
+      {"result", Kind::word},
+      {"stars", Kind::integer},
+      {"parameters", Kind::record},
+      {"createdAt", Kind::number}}},
+    {"Parameters", {{"values", Kind::texts}}},
+    {"Stroke", {{"id", Kind::identifier}, {"points", Kind::list}}},
+    {"Point", {{"x", Kind::number}, {"y", Kind::number}}},
+    {"CrewMember",
+     {{"id", Kind::identifier}, {"role", Kind::word}, {"customRole", Kind::text}, {"name", Kind::text}}},
+    {"CastMember", {{"id", Kind::identifier}, {"character", Kind::text}, {"actor", Kind::text}}},
+    {"CallSheet",
+     {{"id", Kind::identifier},
+      {"date", Kind::number},
+      {"timeZoneID", Kind::text},
+      {"fields", Kind::texts},
+      {"people", Kind::list}}},
+    {"CallSheetPerson",
+     {{"id", Kind::identifier},
+      {"sourceID", Kind::identifier, true},
+      {"isCast", Kind::truth},
+      {"role", Kind::text},
+      {"name", Kind::text},
+      {"callTime", Kind::text},
+      {"phone", Kind::text},
+      {"makeup", Kind::text},
+      {"wardrobe", Kind::text},
+      {"ready", Kind::text},
+      {"notes", Kind::text}}},
+    {"RelatedFile",
+     {{"id", Kind::identifier},
+      {"kind", Kind::word},
+      {"name", Kind::text},
+      {"location", Kind::text},
+      {"bookmark", Kind::bytes, true},
+      {"notes", Kind::text}}},
 };
 
-bool takes(const Text&, std::string_view json) {
-    return json.front() == '"';
+/// JSON values of every type, and for each which fields take it.
+struct Candidate {
+    const char* json;
+    std::vector<Kind> takenBy;
+};
+
+const Candidate candidates[] = {
+    {"null", {}},
+    {"true", {Kind::truth}},
+    {"12", {Kind::integer, Kind::number}},
+    {"1.5", {Kind::number}},
+    {"\"no such text\"", {Kind::text}},
+    {"[]", {Kind::list}},
+    {"{}", {Kind::texts}},
+    {"[5]", {}},
+    {"[null]", {}},
+    {"{\"k\":5}", {}},
+    {"{\"k\":null}", {}},
+};
+
+bool takes(const Key& key, const Candidate& candidate) {
+    if (key.optional && candidate.json == std::string("null"))
+        return true;
+    return std::count(candidate.takenBy.begin(), candidate.takenBy.end(), key.kind) > 0;
 }
-bool takes(bool, std::string_view json) {
-    return json == "true";
+
+class RecordForm : public ::testing::TestWithParam<support::RecordType> {
+protected:
+    static const std::vector<Key>& table() { return tables.at(GetParam().name); }
+    static std::string complete() { return GetParam().completeForm(); }
+    static std::string rewritten(std::string_view json) { return GetParam().rewritten(json); }
+    static std::string failureOf(std::string_view json) {
+        try {
+            (void)rewritten(json);
+        } catch (const DecodingError& failure) {
+            return failure.what();
+        }
+        return "";
+    }
+};
+
+TEST_P(RecordForm, HasExactlyItsKeys) {
+    std::vector<std::string> expected;
+    for (const auto& key : table())
+        expected.emplace_back(key.name);
+    EXPECT_EQ(GetParam().fieldNames(), expected);
+
+    std::sort(expected.begin(), expected.end());
+    std::vector<std::string> written;
+    for (const auto& member : membersOf(complete()))
+        written.push_back(member.key);
+    EXPECT_EQ(written, expected);
 }
-bool takes(std::int64_t, std::string_view json) {
-    return json == "12";
+
+TEST_P(RecordForm, ReadsBackWhatItWrites) {
+    for (std::uint64_t seed = 0; seed < 300; ++seed) {
+        const std::string json = GetParam().randomForm(seed);
+        ASSERT_TRUE(GetParam().equalsItself(seed)) << seed << "\n" << json;
+        ASSERT_EQ(rewritten(json), json) << seed;
+        ASSERT_EQ(GetParam().randomForm(seed), json) << seed;
+    }
 }
-bool takes(double, std::string_view json) {
-    return json == "12" || json == "1.5";
+
+void expectSorted(std::string_view json) {
+    if (json.front() == '[')
+        for (const auto& item : support::itemsOf(json))
+            expectSorted(item);
+    if (json.front() != '{')
+        return;
+    const auto members = membersOf(json);
+    for (std::size_t i = 0; i < members.size(); ++i) {
+        // Keys with escapes are compared by their bytes elsewhere.
+        if (i > 0 && members[i].key.find('\\') == std::string::npos &&
+            members[i - 1].key.find('\\') == std::string::npos) {
+            ASSERT_LT(members[i - 1].key, members[i].key) << json;
+        }
+        expectSorted(members[i].value);
+    }
 }
-bool takes(const Moment&, std::string_view json) {
-    return json == "12" || json == "1.5";
+
+TEST_P(RecordForm, IsCompactAndSortedAtEveryDepth) {
+    for (std::uint64_t seed = 0; seed < 60; ++seed) {
+        const std::string json = GetParam().randomForm(seed);
+        expectSorted(json);
+        ASSERT_EQ(support::restyled(json, {}), json) << "blanks between the tokens";
+        ASSERT_EQ(json.find_first_of("\n\r\t"), std::string::npos);
+        ASSERT_EQ(json.back(), '}');
+    }
 }
-bool takes(const TextMap&, std::string_view json) {
-    return json == "{}";
+
+TEST_P(RecordForm, ReadsAnyLayoutAndAnyOrderOfKeys) {
+    for (std::uint64_t seed = 0; seed < 60; ++seed) {
+        const std::string pretty = support::prettyPrinted(GetParam().randomForm(seed));
+        ASSERT_TRUE(GetParam().isFormOf(pretty, seed)) << seed;
+    }
 }
-bool takes(const Bytes&, std::string_view) {
-    return false;
+
+TEST_P(RecordForm, ChangesItsBytesWhenAnySingleFieldChanges) {
+    for (std::uint64_t seed = 0; seed < 40; ++seed) {
+        const std::string json = GetParam().randomForm(seed);
+        for (const auto& field : GetParam().changedFields(seed)) {
+            ASSERT_NE(field.form, json) << field.name << " seed " << seed;
+            ASSERT_TRUE(field.readsBack) << field.name << " seed " << seed;
+        }
+    }
 }
-template <class T>
-bool takes(const T&, std::string_view) {
-    return false;
+
+TEST_P(RecordForm, RequiresEveryKeyThatIsNotOptional) {
+    const std::string json = complete();
+    for (const auto& key : table()) {
+        const std::string without = support::withoutKey(json, key.name);
+        const std::string null = support::withValue(json, key.name, "null");
+        if (!key.optional) {
+            EXPECT_EQ(failureOf(without), std::string("missing key \"") + key.name + "\"");
+            EXPECT_NE(failureOf(null), "") << key.name;
+            continue;
+        }
+        EXPECT_EQ(rewritten(without), without) << key.name;
+        EXPECT_EQ(rewritten(null), without) << key.name;
+        EXPECT_FALSE(GetParam().equal(without, json)) << key.name;
+    }
 }
-template <class T>
-bool takes(const std::vector<T>&, std::string_view json) {
-    return json == "[]";
+
+TEST_P(RecordForm, RefusesAValueOfTheWrongTypeUnderEachKey) {
+    const std::string json = complete();
+    for (const auto& key : table())
+        for (const auto& candidate : candidates) {
+            const std::string failure = failureOf(support::withValue(json, key.name, candidate.json));
+            EXPECT_EQ(failure.empty(), takes(key, candidate))
+                << key.name << ": " << candidate.json << " " << failure;
+            EXPECT_TRUE(failure.empty() || failure.starts_with(key.name)) << failure;
+        }
 }
-template <class T>
-bool takes(const std::optional<T>&, std::string_view json) {
-    return json == "null" || takes(T{}, json);
+
+TEST_P(RecordForm, IsAnObjectAndNothingElse) {
+    for (const std::string value : {"null", "true", "5", "\"x\"", "[]", "{}", "[{}]"})
+        EXPECT_NE(failureOf(value), "") << value;
 }
+
+TEST_P(RecordForm, IgnoresKeysItDoesNotKnowAndLosesThem) {
+    auto members = membersOf(complete());
+    members.insert(members.begin(), {"Unknown", "{\"deep\":[1,2,{\"x\":null}]}"});
+    members.push_back({"zz", "\"id\""});
+    members.push_back({"ID", "5"});
+    members.push_back({"", "[]"});
+    EXPECT_EQ(rewritten(support::objectOf(members)), complete());
+}
+
+TEST_P(RecordForm, RefusesAKeyThatStandsTwice) {
+    for (const auto& member : membersOf(complete())) {
+        auto twice = membersOf(complete());
+        twice.push_back(member);
+        EXPECT_EQ(failureOf(support::objectOf(twice)), "the key \"" + member.key + "\" stands twice");
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, RecordForm, ::testing::ValuesIn(support::recordTypes()),
+                         [](const auto& info) { return info.param.name; });
 
 template <class T>
 std::string failureOf(const std::string& json) {
@@ -163,139 +275,6 @@ std::string failureOf(const std::string& json) {
         return failure.what();
     }
     return "";
-}
-
-template <class T>
-class RecordForm : public ::testing::Test {};
-TYPED_TEST_SUITE(RecordForm, support::RecordTypes, support::RecordTypeNames);
-
-TYPED_TEST(RecordForm, HasExactlyItsKeys) {
-    std::vector<std::string> expected;
-    for (const auto& key : tableOf<TypeParam>())
-        expected.push_back(key.name);
-    std::vector<std::string> names;
-    forEachField<TypeParam>([&](const auto& field) { names.emplace_back(field.name); });
-    EXPECT_EQ(names, expected);
-
-    std::sort(expected.begin(), expected.end());
-    std::vector<std::string> written;
-    for (const auto& member : membersOf(Codec::encode(support::completeRecord<TypeParam>())))
-        written.push_back(member.key);
-    EXPECT_EQ(written, expected);
-}
-
-TYPED_TEST(RecordForm, ReadsBackWhatItWrites) {
-    for (std::uint64_t seed = 0; seed < 300; ++seed) {
-        const auto record = support::RandomRecords(seed).make<TypeParam>();
-        const std::string json = Codec::encode(record);
-        const auto again = Codec::decode<TypeParam>(json);
-        ASSERT_TRUE(again == record) << seed << "\n" << json;
-        ASSERT_EQ(Codec::encode(again), json) << seed;
-        ASSERT_EQ(Codec::encode(record), json) << seed;
-    }
-}
-
-TYPED_TEST(RecordForm, IsCompactAndSortedAtEveryDepth) {
-    const std::function<void(std::string_view)> expectSorted = [&](std::string_view json) {
-        if (json.front() == '[')
-            for (const auto& item : support::itemsOf(json))
-                expectSorted(item);
-        if (json.front() != '{')
-            return;
-        const auto members = membersOf(json);
-        for (std::size_t i = 0; i < members.size(); ++i) {
-            // Keys with escapes are compared by their bytes elsewhere.
-            if (i > 0 && members[i].key.find('\\') == std::string::npos &&
-                members[i - 1].key.find('\\') == std::string::npos) {
-                ASSERT_LT(members[i - 1].key, members[i].key) << json;
-            }
-            expectSorted(members[i].value);
-        }
-    };
-    for (std::uint64_t seed = 0; seed < 60; ++seed) {
-        const std::string json = Codec::encode(support::RandomRecords(seed).make<TypeParam>());
-        expectSorted(json);
-        ASSERT_EQ(support::restyled(json, {}), json) << "blanks between the tokens";
-        ASSERT_EQ(json.find_first_of("\n\r\t"), std::string::npos);
-        ASSERT_EQ(json.back(), '}');
-    }
-}
-
-TYPED_TEST(RecordForm, ReadsAnyLayoutAndAnyOrderOfKeys) {
-    for (std::uint64_t seed = 0; seed < 60; ++seed) {
-        const auto record = support::RandomRecords(seed).make<TypeParam>();
-        const std::string json = Codec::encode(record);
-        ASSERT_TRUE(Codec::decode<TypeParam>(support::prettyPrinted(json)) == record) << seed;
-    }
-}
-
-TYPED_TEST(RecordForm, ChangesItsBytesWhenAnySingleFieldChanges) {
-    for (std::uint64_t seed = 0; seed < 40; ++seed) {
-        const auto record = support::RandomRecords(seed).make<TypeParam>();
-        const std::string json = Codec::encode(record);
-        forEachField<TypeParam>([&](const auto& field) {
-            auto changed = record;
-            support::change(changed.*field.member);
-            const std::string other = Codec::encode(changed);
-            EXPECT_NE(other, json) << field.name << " seed " << seed;
-            EXPECT_TRUE(Codec::decode<TypeParam>(other) == changed) << field.name << " seed " << seed;
-        });
-    }
-}
-
-TYPED_TEST(RecordForm, RequiresEveryKeyThatIsNotOptional) {
-    const std::string json = Codec::encode(support::completeRecord<TypeParam>());
-    for (const auto& key : tableOf<TypeParam>()) {
-        const std::string without = support::withoutKey(json, key.name);
-        const std::string null = support::withValue(json, key.name, "null");
-        if (!key.optional) {
-            EXPECT_EQ(failureOf<TypeParam>(without), "missing key \"" + key.name + "\"");
-            EXPECT_NE(failureOf<TypeParam>(null), "") << key.name;
-            continue;
-        }
-        EXPECT_EQ(Codec::encode(Codec::decode<TypeParam>(without)), without) << key.name;
-        EXPECT_EQ(Codec::encode(Codec::decode<TypeParam>(null)), without) << key.name;
-        EXPECT_FALSE(Codec::decode<TypeParam>(without) == Codec::decode<TypeParam>(json)) << key.name;
-    }
-}
-
-TYPED_TEST(RecordForm, RefusesAValueOfTheWrongTypeUnderEachKey) {
-    const std::string json = Codec::encode(support::completeRecord<TypeParam>());
-    forEachField<TypeParam>([&](const auto& field) {
-        for (const std::string value : Candidates::values) {
-            const std::string failure = failureOf<TypeParam>(support::withValue(json, field.name, value));
-            const bool accepted = takes(TypeParam{}.*field.member, value);
-            EXPECT_EQ(failure.empty(), accepted) << field.name << ": " << value << " " << failure;
-            if (!accepted) {
-                EXPECT_TRUE(failure.starts_with(std::string(field.name))) << failure;
-            }
-        }
-    });
-}
-
-TYPED_TEST(RecordForm, IsAnObjectAndNothingElse) {
-    for (const std::string value : {"null", "true", "5", "\"x\"", "[]", "{}", "[{}]"})
-        EXPECT_NE(failureOf<TypeParam>(value), "") << value;
-}
-
-TYPED_TEST(RecordForm, IgnoresKeysItDoesNotKnowAndLosesThem) {
-    const std::string json = Codec::encode(support::completeRecord<TypeParam>());
-    auto members = membersOf(json);
-    members.insert(members.begin(), {"Unknown", "{\"deep\":[1,2,{\"x\":null}]}"});
-    members.push_back({"zz", "\"id\""});
-    members.push_back({"ID", "5"});
-    members.push_back({"", "[]"});
-    EXPECT_EQ(Codec::encode(Codec::decode<TypeParam>(support::objectOf(members))), json);
-}
-
-TYPED_TEST(RecordForm, RefusesAKeyThatStandsTwice) {
-    const std::string json = Codec::encode(support::completeRecord<TypeParam>());
-    for (const auto& member : membersOf(json)) {
-        auto twice = membersOf(json);
-        twice.push_back(member);
-        EXPECT_EQ(failureOf<TypeParam>(support::objectOf(twice)),
-                  "the key \"" + member.key + "\" stands twice");
-    }
 }
 
 TEST(ProjectForm, OfANewProjectHasNoneOfTheOptionalKeys) {

@@ -13,7 +13,9 @@ namespace {
 /// buttons, as its description.
 class StarAccessible final : public QAccessibleWidget {
 public:
-    explicit StarAccessible(StarButton* star) : QAccessibleWidget(star, QAccessible::Button), button(star) {}
+    explicit StarAccessible(StarButton* star)
+        : QAccessibleWidget(star, QAccessible::Button)
+        , button(star) {}
 
     [[nodiscard]] QString text(QAccessible::Text kind) const override {
         if (kind == QAccessible::Value || kind == QAccessible::Description)
@@ -46,7 +48,7 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
     return nullptr;
 }
 
-} // namespace
+}  // namespace
 
 void installAccessibility() {
     static const bool installed = [] {
@@ -56,4 +58,4 @@ void installAccessibility() {
     static_cast<void>(installed);
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -6,4 +6,4 @@ namespace vantry {
 /// are for, and the value of a star. Components call it; calling it again does nothing.
 void installAccessibility();
 
-} // namespace vantry
+}  // namespace vantry

@@ -7,7 +7,9 @@
 
 namespace vantry {
 
-Appearance::Appearance(QObject* parent) : QObject(parent), desktop(new DesktopAppearance(this)) {
+Appearance::Appearance(QObject* parent)
+    : QObject(parent)
+    , desktop(new DesktopAppearance(this)) {
     connect(desktop, &DesktopAppearance::changed, this, &Appearance::apply);
     apply();
 }
@@ -25,4 +27,4 @@ void Appearance::apply() {
         QApplication::setPalette(palette);
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -8,7 +8,8 @@ namespace vantry {
 class DesktopAppearance;
 
 /// Gives the application the palette of the chosen appearance: "dark" or "light" as told, with anything else
-/// the desktop's, at once and whenever that changes. No widget is rebuilt.
+/// the desktop's, and whenever that changes. Qt repaints the widgets in the next turn of the event loop; none
+/// is rebuilt.
 class Appearance final : public QObject {
     Q_OBJECT
 
@@ -24,4 +25,4 @@ private:
     QString choice;
 };
 
-} // namespace vantry
+}  // namespace vantry

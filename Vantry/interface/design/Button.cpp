@@ -19,9 +19,10 @@ constexpr qreal disabledOpacity = 0.45;
 constexpr qreal pressedOpacity = 0.75;
 constexpr qreal hoverOpacity = 0.9;
 
-} // namespace
+}  // namespace
 
-Pressable::Pressable(QWidget* parent) : QPushButton(parent) {
+Pressable::Pressable(QWidget* parent)
+    : QPushButton(parent) {
     setAttribute(Qt::WA_Hover);
     setAutoDefault(false);
     setFocusPolicy(Qt::StrongFocus);
@@ -58,7 +59,10 @@ void Pressable::focusInEvent(QFocusEvent* event) {
     QPushButton::focusInEvent(event);
 }
 
-Button::Button(Kind style, Glyph sign, QWidget* parent) : Pressable(parent), kind(style), glyph(sign) {
+Button::Button(Kind style, Glyph sign, QWidget* parent)
+    : Pressable(parent)
+    , kind(style)
+    , glyph(sign) {
     const bool shrinks = kind == Kind::crumb;
     setSizePolicy(shrinks ? QSizePolicy::Maximum : QSizePolicy::Fixed, QSizePolicy::Fixed);
     if (shrinks)
@@ -83,7 +87,8 @@ QSize Button::sizeHint() const {
 
 QSize Button::minimumSizeHint() const {
     const QSize wanted = sizeHint();
-    return {kind == Kind::crumb ? std::min(wanted.width(), Metrics::controlHeight) : wanted.width(), wanted.height()};
+    return {kind == Kind::crumb ? std::min(wanted.width(), Metrics::controlHeight) : wanted.width(),
+            wanted.height()};
 }
 
 void Button::paintEvent(QPaintEvent*) {
@@ -116,7 +121,8 @@ void Button::paintSurface(QPainter& painter) const {
         fill = palette.hover;
     const bool outlined = kind == Kind::quiet && (isDown() || isHovered());
     const qreal inset = outlined ? Metrics::hairline / 2.0 : 0;
-    painter.setPen(outlined ? QPen(isDown() ? palette.link : palette.rule, Metrics::hairline) : QPen(Qt::NoPen));
+    painter.setPen(outlined ? QPen(isDown() ? palette.link : palette.rule, Metrics::hairline)
+                            : QPen(Qt::NoPen));
     painter.setBrush(fill);
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), Metrics::radiusControl,
                             Metrics::radiusControl);
@@ -132,7 +138,8 @@ void Button::paintContent(QPainter& painter) const {
     const qreal top = (height() - Metrics::iconSmall) / 2.0;
     paintGlyph(painter, glyph, QRectF(left, top, Metrics::iconSmall, Metrics::iconSmall), colour);
     painter.setPen(colour);
-    painter.drawText(QRectF(left + signWidth, 0, textWidth + 1, height()), Qt::AlignLeft | Qt::AlignVCenter, line);
+    painter.drawText(QRectF(left + signWidth, 0, textWidth + 1, height()), Qt::AlignLeft | Qt::AlignVCenter,
+                     line);
 }
 
 void Button::paintRing(QPainter& painter) const {
@@ -149,4 +156,4 @@ void Button::paintRing(QPainter& painter) const {
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), radius, radius);
 }
 
-} // namespace vantry
+}  // namespace vantry

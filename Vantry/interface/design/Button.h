@@ -39,8 +39,8 @@ class Button final : public Pressable {
     Q_OBJECT
 
 public:
-    /// Primary: the one main action of a page. Quiet: what is usual there. Inlined: links. Crumb: a small link
-    /// that is cut where there is no room.
+    /// Primary: the one main action of a page. Quiet: what is usual there. Inlined: links. Crumb: a small
+    /// link that is cut where there is no room.
     enum class Kind { primary, quiet, inlined, crumb };
 
     explicit Button(Kind kind, Glyph glyph = Glyph::none, QWidget* parent = nullptr);
@@ -60,4 +60,4 @@ private:
     const Glyph glyph;
 };
 
-} // namespace vantry
+}  // namespace vantry

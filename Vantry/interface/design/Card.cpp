@@ -18,14 +18,16 @@ void paintSurface(QWidget& widget) {
                             Metrics::radiusCard);
 }
 
-} // namespace
+}  // namespace
 
 Card::Card(QWidget* parent)
-    : QWidget(parent), column(new QVBoxLayout(this)),
-      label(new Label(VantryType::Role::label, &Palette::ink, Label::Length::cut, this)) {
+    : QWidget(parent)
+    , column(new QVBoxLayout(this))
+    , label(new Label(VantryType::Role::label, &Palette::ink, Label::Length::cut, this)) {
     label->setFont(VantryType::font(VantryType::Role::label, QFont::DemiBold));
     label->hide();
-    column->setContentsMargins(Metrics::paddingCard, Metrics::paddingCard, Metrics::paddingCard, Metrics::paddingCard);
+    column->setContentsMargins(Metrics::paddingCard, Metrics::paddingCard, Metrics::paddingCard,
+                               Metrics::paddingCard);
     column->setSpacing(Metrics::gapCard);
     column->addWidget(label);
 }
@@ -40,11 +42,13 @@ void Card::paintEvent(QPaintEvent*) {
 }
 
 EmptyCard::EmptyCard(Glyph sign, QWidget* parent)
-    : QWidget(parent), glyph(sign),
-      title(new Label(VantryType::Role::heading, &Palette::ink, Label::Length::wrapped, this)),
-      subtitle(new Label(VantryType::Role::body, &Palette::muted, Label::Length::wrapped, this)) {
+    : QWidget(parent)
+    , glyph(sign)
+    , title(new Label(VantryType::Role::heading, &Palette::ink, Label::Length::wrapped, this))
+    , subtitle(new Label(VantryType::Role::body, &Palette::muted, Label::Length::wrapped, this)) {
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(Metrics::paddingEmpty, Metrics::paddingEmpty + Metrics::iconEmpty + Metrics::gapCard,
+    column->setContentsMargins(Metrics::paddingEmpty,
+                               Metrics::paddingEmpty + Metrics::iconEmpty + Metrics::gapCard,
                                Metrics::paddingEmpty, Metrics::paddingEmpty);
     column->setSpacing(Metrics::gapInline);
     for (Label* line : {title, subtitle}) {
@@ -72,4 +76,4 @@ void EmptyCard::paintEvent(QPaintEvent*) {
                Palette::of(*this).link);
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -45,4 +45,4 @@ private:
     Label* subtitle;
 };
 
-} // namespace vantry
+}  // namespace vantry

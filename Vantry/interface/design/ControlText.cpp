@@ -27,4 +27,4 @@ void setHelp(QWidget& widget, const QString& plain) {
     widget.setAccessibleDescription(plain);
 }
 
-} // namespace vantry
+}  // namespace vantry

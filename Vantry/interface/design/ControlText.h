@@ -16,4 +16,4 @@ namespace vantry {
 /// tools as the widget's description. The empty text shows none.
 void setHelp(QWidget& widget, const QString& plain);
 
-} // namespace vantry
+}  // namespace vantry

@@ -23,10 +23,11 @@ const QString key = QStringLiteral("color-scheme");
 constexpr uint prefersDark = 1;
 constexpr uint prefersLight = 2;
 
-} // namespace
+}  // namespace
 
 DesktopAppearance::DesktopAppearance(QObject* parent)
-    : QObject(parent), paletteIsDark(Palette::isDark(QApplication::palette())) {
+    : QObject(parent)
+    , paletteIsDark(Palette::isDark(QApplication::palette())) {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (bus.isConnected()) {
         bus.connect(service, object, settings, QStringLiteral("SettingChanged"), this,
@@ -79,4 +80,4 @@ bool DesktopAppearance::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-} // namespace vantry
+}  // namespace vantry

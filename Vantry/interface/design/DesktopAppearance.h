@@ -28,11 +28,11 @@ private:
     void ask();
     void take(uint colourScheme);
 
-    std::optional<bool> announced; ///< what the desktop said; nothing while it has no preference
+    std::optional<bool> announced;  ///< what the desktop said; nothing while it has no preference
     bool paletteIsDark;
 
 private slots:
     void onSettingChanged(const QString& space, const QString& key, const QDBusVariant& value);
 };
 
-} // namespace vantry
+}  // namespace vantry

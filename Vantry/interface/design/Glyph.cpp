@@ -68,7 +68,8 @@ Sketch sketch(Glyph glyph) {
         s.box(3, 4, 18, 16).line({{8, 4}, {8, 20}}).line({{16, 4}, {16, 20}}).line({{3, 12}, {21, 12}});
         break;
     case Glyph::camera:
-        s.line({{3, 7}, {7, 7}, {9, 4}, {15, 4}, {17, 7}, {21, 7}, {21, 19}, {3, 19}}, true).circle(12, 13, 3.2);
+        s.line({{3, 7}, {7, 7}, {9, 4}, {15, 4}, {17, 7}, {21, 7}, {21, 19}, {3, 19}}, true)
+            .circle(12, 13, 3.2);
         break;
     case Glyph::waveform:
         s.line({{3, 10}, {3, 14}}).line({{7, 6}, {7, 18}}).line({{11, 3}, {11, 21}});
@@ -129,7 +130,7 @@ qreal strokeWidth(qreal size) {
     return size <= 24 ? 1.75 : 1.6;
 }
 
-} // namespace
+}  // namespace
 
 void paintGlyph(QPainter& painter, Glyph glyph, const QRectF& place, const QColor& colour, bool filled) {
     if (glyph == Glyph::none)
@@ -157,7 +158,8 @@ void paintBrandMark(QPainter& painter, const QRectF& place, const QColor& colour
     path.addRoundedRect(0, 0, width, height, corner, corner);
     for (const qreal top : {5.0, 15.75, 26.5})
         path.addRect(3, top, 4, 4.5);
-    path.addPolygon(QPolygonF({{10.5, 8}, {16.6, 28.5}, {20.9, 28.5}, {27, 8}, {22.6, 8}, {18.75, 22.4}, {14.9, 8}}));
+    path.addPolygon(
+        QPolygonF({{10.5, 8}, {16.6, 28.5}, {20.9, 28.5}, {27, 8}, {22.6, 8}, {18.75, 22.4}, {14.9, 8}}));
     path.closeSubpath();
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -167,4 +169,4 @@ void paintBrandMark(QPainter& painter, const QRectF& place, const QColor& colour
     painter.restore();
 }
 
-} // namespace vantry
+}  // namespace vantry

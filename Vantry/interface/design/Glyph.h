@@ -31,9 +31,10 @@ enum class Glyph {
 };
 
 /// Draws the sign into `place` with lines of `colour`; `filled` fills its outline as well.
-void paintGlyph(QPainter& painter, Glyph glyph, const QRectF& place, const QColor& colour, bool filled = false);
+void paintGlyph(QPainter& painter, Glyph glyph, const QRectF& place, const QColor& colour,
+                bool filled = false);
 
 /// Draws the brand mark, a perforated page, into `place`.
 void paintBrandMark(QPainter& painter, const QRectF& place, const QColor& colour);
 
-} // namespace vantry
+}  // namespace vantry

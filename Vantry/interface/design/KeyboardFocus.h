@@ -21,4 +21,4 @@ namespace vantry {
     }
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -38,15 +38,19 @@ void configure(QTextLayout& layout, Qt::Alignment alignment) {
     layout.setTextOption(option);
 }
 
-} // namespace
+}  // namespace
 
 Label::Label(VantryType::Role type, Palette::Token token, Length behaviour, QWidget* parent)
-    : QLabel(parent), role(type), colour(token), length(behaviour) {
+    : QLabel(parent)
+    , role(type)
+    , colour(token)
+    , length(behaviour) {
     setTextFormat(Qt::PlainText);
     setFont(VantryType::font(role));
     setAttribute(Qt::WA_TransparentForMouseEvents, length == Length::wrapped);
     // A fixed height would be that of one line: Qt never gives a fixed thing more than its hint.
-    QSizePolicy policy(QSizePolicy::Preferred, length == Length::wrapped ? QSizePolicy::Minimum : QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Preferred,
+                       length == Length::wrapped ? QSizePolicy::Minimum : QSizePolicy::Fixed);
     policy.setHeightForWidth(length == Length::wrapped);
     setSizePolicy(policy);
 }
@@ -110,7 +114,8 @@ void Label::paintEvent(QPaintEvent*) {
         return;
     }
     const QString line = fontMetrics().elidedText(singleLine(text()), Qt::ElideRight, width());
-    painter.drawText(rect(), static_cast<int>(Qt::AlignVCenter | (alignment() & Qt::AlignHorizontal_Mask)), line);
+    painter.drawText(rect(), static_cast<int>(Qt::AlignVCenter | (alignment() & Qt::AlignHorizontal_Mask)),
+                     line);
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -31,12 +31,16 @@ public:
     [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// The one line of a text that may be cut, cut or not.
+    [[nodiscard]] QString line() const;
+
     const VantryType::Role role;
     Palette::Token colour;
     const Length length;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -13,7 +13,8 @@
 
 namespace vantry {
 
-LineField::LineField(QWidget* parent) : QLineEdit(parent) {
+LineField::LineField(QWidget* parent)
+    : QLineEdit(parent) {
     setFont(VantryType::font(VantryType::Role::body));
     setMaxLength(std::numeric_limits<int>::max());
     setMinimumHeight(Metrics::controlHeight);
@@ -65,8 +66,9 @@ void LineField::publish() {
 }
 
 LabeledField::LabeledField(QWidget* parent)
-    : QWidget(parent), label(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this)),
-      line(new LineField(this)) {
+    : QWidget(parent)
+    , label(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this))
+    , line(new LineField(this)) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(Metrics::gapCaption);
@@ -80,4 +82,4 @@ void LabeledField::setCaption(const QString& caption) {
     line->setAccessibleName(caption);
 }
 
-} // namespace vantry
+}  // namespace vantry

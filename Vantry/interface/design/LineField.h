@@ -34,7 +34,7 @@ private:
     void publish();
 
     TextBinding binding;
-    QString base; ///< the bound text as this field last showed or wrote it
+    QString base;  ///< the bound text as this field last showed or wrote it
     bool composing = false;
 };
 
@@ -53,4 +53,4 @@ private:
     LineField* line;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -29,7 +29,7 @@ struct Metrics {
     // Lines and corners.
     static constexpr int hairline = 1;
     static constexpr int ring = 2;
-    static constexpr double focusedFrame = 1.5; ///< the border of an editor that has the keyboard
+    static constexpr double focusedFrame = 1.5;  ///< the border of an editor that has the keyboard
     static constexpr int radiusControl = 8;
     static constexpr int radiusTrack = 12;
     static constexpr int radiusCard = 24;
@@ -86,4 +86,4 @@ struct Metrics {
     static constexpr int emptyTextWidth = 460;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -4,8 +4,9 @@
 
 namespace vantry {
 
-Page::Page(QWidget* parent) : QWidget(parent) {
+Page::Page(QWidget* parent)
+    : QWidget(parent) {
     installAccessibility();
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -16,4 +16,4 @@ public:
     virtual void refresh() = 0;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -6,7 +6,10 @@
 
 namespace vantry {
 
-PageColumn::PageColumn(QWidget* parent) : QScrollArea(parent), inside(new QWidget), column(new QVBoxLayout(inside)) {
+PageColumn::PageColumn(QWidget* parent)
+    : QScrollArea(parent)
+    , inside(new QWidget)
+    , column(new QVBoxLayout(inside)) {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -28,4 +31,4 @@ PageColumn::PageColumn(QWidget* parent) : QScrollArea(parent), inside(new QWidge
     centred->setAutoFillBackground(false);
 }
 
-} // namespace vantry
+}  // namespace vantry

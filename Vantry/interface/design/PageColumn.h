@@ -22,4 +22,4 @@ private:
     QVBoxLayout* column;
 };
 
-} // namespace vantry
+}  // namespace vantry

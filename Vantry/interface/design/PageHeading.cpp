@@ -6,9 +6,11 @@
 namespace vantry {
 
 PageHeading::PageHeading(QWidget* parent)
-    : QWidget(parent), eyebrow(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this)),
-      title(new Label(VantryType::Role::title, &Palette::ink, Label::Length::cut, this)),
-      subtitle(new Label(VantryType::Role::label, &Palette::muted, Label::Length::cut, this)), row(new QHBoxLayout) {
+    : QWidget(parent)
+    , eyebrow(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this))
+    , title(new Label(VantryType::Role::title, &Palette::ink, Label::Length::cut, this))
+    , subtitle(new Label(VantryType::Role::label, &Palette::muted, Label::Length::cut, this))
+    , row(new QHBoxLayout) {
     auto* texts = new QVBoxLayout;
     texts->setSpacing(Metrics::gapLines);
     for (Label* line : {eyebrow, title, subtitle}) {
@@ -24,11 +26,12 @@ PageHeading::PageHeading(QWidget* parent)
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
-void PageHeading::setTexts(const QString& eyebrowText, const QString& titleText, const QString& subtitleText) {
+void PageHeading::setTexts(const QString& eyebrowText, const QString& titleText,
+                           const QString& subtitleText) {
     eyebrow->setPlain(eyebrowText);
     title->setPlain(titleText);
     subtitle->setPlain(subtitleText);
     subtitle->setVisible(!subtitleText.isEmpty());
 }
 
-} // namespace vantry
+}  // namespace vantry

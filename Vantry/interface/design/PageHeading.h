@@ -26,4 +26,4 @@ private:
     QHBoxLayout* row;
 };
 
-} // namespace vantry
+}  // namespace vantry

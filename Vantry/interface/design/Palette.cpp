@@ -82,4 +82,4 @@ QPalette Palette::controls() const {
     return palette;
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -29,8 +29,8 @@ struct Palette {
 
     [[nodiscard]] static const Palette& light();
     [[nodiscard]] static const Palette& dark();
-    /// The one in force for `widget`, told from the lightness of its window colour. It follows a change of the
-    /// application's palette by itself.
+    /// The one in force for `widget`, told from the lightness of its window colour. It follows a change of
+    /// the application's palette by itself.
     [[nodiscard]] static const Palette& of(const QWidget& widget);
     /// Whether a window with this palette is a dark one.
     [[nodiscard]] static bool isDark(const QPalette& palette);
@@ -39,4 +39,4 @@ struct Palette {
     [[nodiscard]] QPalette controls() const;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -26,9 +26,10 @@ bool isSameText(const QString& a, const QString& b) {
     return a == b || canonicallyEquivalent(a.toStdString(), b.toStdString());
 }
 
-} // namespace
+}  // namespace
 
-ParagraphEditor::ParagraphEditor(QWidget* parent) : QTextEdit(parent) {
+ParagraphEditor::ParagraphEditor(QWidget* parent)
+    : QTextEdit(parent) {
     setAcceptRichText(false);
     setAutoFormatting(QTextEdit::AutoNone);
     setTabChangesFocus(true);
@@ -79,7 +80,8 @@ void ParagraphEditor::replace(const QString& shown) {
     const int from = static_cast<int>(stretch.at);
     const int to = static_cast<int>(stretch.at + stretch.removed);
     const int end = from + static_cast<int>(stretch.inserted.size());
-    // What stands in front of the change or behind it keeps its characters, what stands in it goes to its end.
+    // What stands in front of the change or behind it keeps its characters, what stands in it goes to its
+    // end.
     const auto moved = [from, to, end](int place) {
         if (place <= from)
             return place;
@@ -158,8 +160,10 @@ void ParagraphEditor::insertFromMimeData(const QMimeData* source) {
 }
 
 ParagraphField::ParagraphField(int height, QWidget* parent)
-    : QWidget(parent), label(new Label(VantryType::Role::label, &Palette::ink, Label::Length::cut, this)),
-      frame(new QWidget(this)), text(new ParagraphEditor(frame)) {
+    : QWidget(parent)
+    , label(new Label(VantryType::Role::label, &Palette::ink, Label::Length::cut, this))
+    , frame(new QWidget(this))
+    , text(new ParagraphEditor(frame)) {
     label->setFont(VantryType::font(VantryType::Role::label, QFont::DemiBold));
     auto* inside = new QVBoxLayout(frame);
     inside->setContentsMargins(Metrics::ring, Metrics::ring, Metrics::ring, Metrics::ring);
@@ -190,4 +194,4 @@ void ParagraphField::paintEvent(QPaintEvent*) {
                             Metrics::radiusTrack, Metrics::radiusTrack);
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -48,7 +48,7 @@ private:
     void revealCaretSoon();
 
     TextBinding binding;
-    QString base; ///< the bound text, in paragraph form, as this view last showed or wrote it
+    QString base;  ///< the bound text, in paragraph form, as this view last showed or wrote it
     bool synchronizing = false;
     bool revealing = false;
 };
@@ -74,4 +74,4 @@ private:
     ParagraphEditor* text;
 };
 
-} // namespace vantry
+}  // namespace vantry

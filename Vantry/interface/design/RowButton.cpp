@@ -9,7 +9,8 @@
 
 namespace vantry {
 
-RowButton::RowButton(QWidget* parent) : Pressable(parent) {
+RowButton::RowButton(QWidget* parent)
+    : Pressable(parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
@@ -35,8 +36,8 @@ void RowButton::paintEvent(QPaintEvent*) {
     const Palette& palette = Palette::of(*this);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF surface = QRectF(rect()).adjusted(Metrics::gapCaption, Metrics::gapCaption, -Metrics::gapCaption,
-                                                   -Metrics::gapCaption);
+    const QRectF surface = QRectF(rect()).adjusted(Metrics::gapCaption, Metrics::gapCaption,
+                                                   -Metrics::gapCaption, -Metrics::gapCaption);
     if (isDown() || isHovered()) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(isDown() ? palette.selected : palette.hover);
@@ -46,7 +47,8 @@ void RowButton::paintEvent(QPaintEvent*) {
     const auto square = [this](qreal left) {
         return QRectF(left, (height() - Metrics::iconLarge) / 2.0, Metrics::iconLarge, Metrics::iconLarge);
     };
-    paintGlyph(painter, content.glyph, square(Metrics::paddingCard), content.struckOut ? palette.muted : palette.ink);
+    paintGlyph(painter, content.glyph, square(Metrics::paddingCard),
+               content.struckOut ? palette.muted : palette.ink);
     const int right = width() - Metrics::paddingCard - Metrics::iconLarge;
     paintGlyph(painter, Glyph::arrowRight, square(right), palette.muted);
 
@@ -72,4 +74,4 @@ void RowButton::paintEvent(QPaintEvent*) {
         paintFocus(painter, surface, Metrics::radiusControl);
 }
 
-} // namespace vantry
+}  // namespace vantry

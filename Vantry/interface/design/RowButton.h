@@ -8,8 +8,8 @@ namespace vantry {
 struct RowContent {
     Glyph glyph = Glyph::none;
     QString title;
-    QString detail;         ///< a line of facts below, also the accessible description
-    bool struckOut = false; ///< what the row stands for is off
+    QString detail;          ///< a line of facts below, also the accessible description
+    bool struckOut = false;  ///< what the row stands for is off
 
     friend bool operator==(const RowContent&, const RowContent&) = default;
 };
@@ -33,4 +33,4 @@ private:
     RowContent content;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -9,7 +9,9 @@
 
 namespace vantry {
 
-RowList::RowList(QWidget* parent) : QWidget(parent), column(new QVBoxLayout(this)) {
+RowList::RowList(QWidget* parent)
+    : QWidget(parent)
+    , column(new QVBoxLayout(this)) {
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(Metrics::hairline);
 }
@@ -75,4 +77,4 @@ void RowList::paintEvent(QPaintEvent*) {
     }
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -10,14 +10,14 @@ class QVBoxLayout;
 
 namespace vantry {
 
-/// A card of rows, parted by hairlines. Rows are known by a key: bringing the list in line keeps the widget of
-/// each key that stays, with its focus, and the keyboard walks through them in their order.
+/// A card of rows, parted by hairlines. Rows are known by a key: bringing the list in line keeps the widget
+/// of each key that stays, with its focus, and the keyboard walks through them in their order.
 class RowList final : public QWidget {
     Q_OBJECT
 
 public:
     struct Row {
-        QByteArray key; ///< unique in the list
+        QByteArray key;  ///< unique in the list
         RowContent content;
     };
 
@@ -41,4 +41,4 @@ private:
     QHash<QByteArray, RowButton*> buttons;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -15,7 +15,9 @@
 namespace vantry {
 
 Segment::Segment(const Look& appearance, QSize smallest, QWidget* parent)
-    : QRadioButton(parent), look(appearance), least(smallest) {
+    : QRadioButton(parent)
+    , look(appearance)
+    , least(smallest) {
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
@@ -79,15 +81,19 @@ void Segment::paintEvent(QPaintEvent*) {
 
     QColor colour = palette.muted;
     if (isChecked())
-        colour = look.fill != nullptr ? palette.canvas : look.outline != nullptr ? palette.*look.outline : palette.ink;
+        colour = look.fill != nullptr      ? palette.canvas
+                 : look.outline != nullptr ? palette.*look.outline
+                                           : palette.ink;
     painter.setFont(textFont());
     const int textWidth = painter.fontMetrics().horizontalAdvance(shown);
     const int signWidth = look.glyph == Glyph::none ? 0 : Metrics::iconLarge + Metrics::gapInline;
     const qreal left = (width() - textWidth - signWidth) / 2.0;
     paintGlyph(painter, look.glyph,
-               QRectF(left, (height() - Metrics::iconLarge) / 2.0, Metrics::iconLarge, Metrics::iconLarge), colour);
+               QRectF(left, (height() - Metrics::iconLarge) / 2.0, Metrics::iconLarge, Metrics::iconLarge),
+               colour);
     painter.setPen(colour);
-    painter.drawText(QRectF(left + signWidth, 0, textWidth + 1, height()), Qt::AlignLeft | Qt::AlignVCenter, shown);
+    painter.drawText(QRectF(left + signWidth, 0, textWidth + 1, height()), Qt::AlignLeft | Qt::AlignVCenter,
+                     shown);
 
     if (hasFocus() && cameByKeyboard) {
         constexpr qreal half = Metrics::ring / 2.0;
@@ -100,7 +106,8 @@ void Segment::paintEvent(QPaintEvent*) {
     }
 }
 
-SegmentedChoice::SegmentedChoice(const QList<Segment::Look>& looks, Size size, QWidget* parent) : QWidget(parent) {
+SegmentedChoice::SegmentedChoice(const QList<Segment::Look>& looks, Size size, QWidget* parent)
+    : QWidget(parent) {
     installAccessibility();
     const int track = Metrics::gapTrack;
     const bool large = size == Size::large;
@@ -144,4 +151,4 @@ void SegmentedChoice::paintEvent(QPaintEvent*) {
                             Metrics::radiusTrack);
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -18,8 +18,8 @@ public:
     /// How the segment looks when it is the chosen one.
     struct Look {
         Glyph glyph = Glyph::none;
-        Palette::Token fill = nullptr;    ///< solid, with text in the canvas colour
-        Palette::Token outline = nullptr; ///< hollow
+        Palette::Token fill = nullptr;     ///< solid, with text in the canvas colour
+        Palette::Token outline = nullptr;  ///< hollow
     };
 
     Segment(const Look& look, QSize least, QWidget* parent);
@@ -44,8 +44,8 @@ private:
     bool cameByKeyboard = false;
 };
 
-/// A strip of choices of which one is set. For assistive tools it is a named group of radio buttons; the arrow
-/// keys move within it.
+/// A strip of choices of which one is set. For assistive tools it is a named group of radio buttons; the
+/// arrow keys move within it.
 class SegmentedChoice final : public QWidget {
     Q_OBJECT
 
@@ -72,4 +72,4 @@ private:
     QList<Segment*> segments;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -1,5 +1,7 @@
 #include "Vantry/interface/design/Sheet.h"
 
+#include <QEvent>
+
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Label.h"
 #include "Vantry/interface/design/Metrics.h"
@@ -7,10 +9,11 @@
 namespace vantry {
 
 Sheet::Sheet(QWidget* parent)
-    : QDialog(parent), heading(new Label(VantryType::Role::heading, &Palette::ink, Label::Length::wrapped, this)),
-      column(new QVBoxLayout), row(new QHBoxLayout) {
+    : QDialog(parent)
+    , heading(new Label(VantryType::Role::heading, &Palette::ink, Label::Length::wrapped, this))
+    , column(new QVBoxLayout)
+    , row(new QHBoxLayout) {
     setWindowModality(Qt::WindowModal);
-    setFixedWidth(Metrics::dialogWidth);
     auto* outer = new QVBoxLayout(this);
     outer->setContentsMargins(Metrics::paddingDialog, Metrics::paddingDialog, Metrics::paddingDialog,
                               Metrics::paddingDialog);
@@ -21,7 +24,15 @@ Sheet::Sheet(QWidget* parent)
     outer->addWidget(heading);
     outer->addLayout(column);
     outer->addLayout(row);
-    outer->setSizeConstraint(QLayout::SetMinimumSize);
+    outer->setSizeConstraint(QLayout::SetNoConstraint);
+}
+
+bool Sheet::event(QEvent* event) {
+    const bool handled = QDialog::event(event);
+    // As wide as all sheets are, and as high as its wrapped texts need at that width.
+    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show)
+        setFixedSize(Metrics::dialogWidth, layout()->totalHeightForWidth(Metrics::dialogWidth));
+    return handled;
 }
 
 void Sheet::setTitle(const QString& title) {
@@ -31,8 +42,9 @@ void Sheet::setTitle(const QString& title) {
 }
 
 AlertSheet::AlertSheet(QWidget* parent)
-    : Sheet(parent), text(new Label(VantryType::Role::body, &Palette::ink, Label::Length::wrapped, this)),
-      confirm(new Button(Button::Kind::primary, Glyph::none, this)) {
+    : Sheet(parent)
+    , text(new Label(VantryType::Role::body, &Palette::ink, Label::Length::wrapped, this))
+    , confirm(new Button(Button::Kind::primary, Glyph::none, this)) {
     content().addWidget(text);
     confirm->setMinimumWidth(Metrics::dialogButtonWidth);
     confirm->setDefault(true);
@@ -47,4 +59,4 @@ void AlertSheet::setTexts(const QString& title, const QString& message, const QS
     confirm->setPlain(button);
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -22,6 +22,9 @@ public:
     /// The buttons, the confirming one last.
     [[nodiscard]] QHBoxLayout& buttons() noexcept { return *row; }
 
+protected:
+    bool event(QEvent* event) override;
+
 private:
     Label* heading;
     QVBoxLayout* column;
@@ -42,4 +45,4 @@ private:
     Button* confirm;
 };
 
-} // namespace vantry
+}  // namespace vantry

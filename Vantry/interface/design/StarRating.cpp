@@ -10,7 +10,8 @@
 
 namespace vantry {
 
-StarButton::StarButton(QWidget* parent) : Pressable(parent) {
+StarButton::StarButton(QWidget* parent)
+    : Pressable(parent) {
     setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
 }
 
@@ -42,14 +43,15 @@ void StarButton::paintEvent(QPaintEvent*) {
         painter.setBrush(isDown() ? palette.selected : palette.hover);
         painter.drawRoundedRect(rect(), Metrics::radiusControl, Metrics::radiusControl);
     }
-    const QRectF place((width() - Metrics::iconStar) / 2.0, (height() - Metrics::iconStar) / 2.0, Metrics::iconStar,
-                       Metrics::iconStar);
+    const QRectF place((width() - Metrics::iconStar) / 2.0, (height() - Metrics::iconStar) / 2.0,
+                       Metrics::iconStar, Metrics::iconStar);
     paintGlyph(painter, Glyph::star, place, lit ? palette.ink : palette.muted, lit);
     if (showsFocus())
         paintFocus(painter, rect(), Metrics::radiusControl);
 }
 
-StarRating::StarRating(QWidget* parent) : QWidget(parent) {
+StarRating::StarRating(QWidget* parent)
+    : QWidget(parent) {
     installAccessibility();
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(Metrics::gapTrack, Metrics::gapTrack, Metrics::gapTrack, Metrics::gapTrack);
@@ -79,4 +81,4 @@ void StarRating::paintEvent(QPaintEvent*) {
                             Metrics::radiusTrack);
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -53,4 +53,4 @@ private:
     std::array<StarButton*, count> stars{};
 };
 
-} // namespace vantry
+}  // namespace vantry

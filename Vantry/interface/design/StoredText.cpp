@@ -40,7 +40,7 @@ Form formOf(const QString& stored) {
     return form;
 }
 
-} // namespace
+}  // namespace
 
 QString paragraphForm(const QString& stored) {
     return formOf(stored).shown;
@@ -70,7 +70,8 @@ QString storedWithEdit(const QString& stored, const QString& shown) {
     const auto start = [&form](qsizetype at) { return form.starts[static_cast<std::size_t>(at)]; };
     QString head = stored.left(start(stretch.at));
     const QString rest = stretch.inserted + stored.mid(start(stretch.at + stretch.removed));
-    // A CR that comes to stand in front of an LF would become one paragraph end with it: it takes an LF of its own.
+    // A CR that comes to stand in front of an LF would become one paragraph end with it: it takes an LF of
+    // its own.
     if (head.endsWith(carriageReturn) && rest.startsWith(lineFeed))
         head.append(lineFeed);
     return head + rest;
@@ -95,4 +96,4 @@ QString mergedEdit(const QString& base, const QString& mine, const QString& thei
     return merged;
 }
 
-} // namespace vantry
+}  // namespace vantry

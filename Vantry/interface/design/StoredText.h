@@ -29,4 +29,4 @@ struct Stretch {
 /// The smallest such stretch, by common beginning and common end.
 [[nodiscard]] Stretch changedStretch(const QString& before, const QString& after);
 
-} // namespace vantry
+}  // namespace vantry

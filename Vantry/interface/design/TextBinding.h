@@ -14,4 +14,4 @@ struct TextBinding {
     std::function<void(const QString&)> write;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -32,9 +32,10 @@ void paintField(const QStyleOption& option, QPainter& painter) {
     painter.restore();
 }
 
-} // namespace
+}  // namespace
 
-VantryStyle::VantryStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+VantryStyle::VantryStyle()
+    : QProxyStyle(QStringLiteral("Fusion")) {}
 
 void VantryStyle::install() {
     static bool installed = false;
@@ -56,7 +57,7 @@ void VantryStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
                                 const QWidget* widget) const {
     if (element == PE_PanelLineEdit && qobject_cast<const QLineEdit*>(widget) != nullptr)
         paintField(*option, *painter);
-    else if (element != PE_PanelItemViewRow) // the views paint their rows themselves
+    else if (element != PE_PanelItemViewRow)  // the views paint their rows themselves
         QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
@@ -68,8 +69,8 @@ void VantryStyle::drawControl(ControlElement element, const QStyleOption* option
         QProxyStyle::drawControl(element, option, painter, widget);
 }
 
-void VantryStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
-                                     const QWidget* widget) const {
+void VantryStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                     QPainter* painter, const QWidget* widget) const {
     if (control != CC_ScrollBar) {
         QProxyStyle::drawComplexControl(control, option, painter, widget);
         return;
@@ -79,8 +80,8 @@ void VantryStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
     if (bar == nullptr || bar->maximum <= bar->minimum)
         return;
     const Palette& palette = paletteFor(*option);
-    const bool grasped = option->activeSubControls.testFlag(SC_ScrollBarSlider) &&
-                         option->state.testFlag(State_Sunken);
+    const bool grasped =
+        option->activeSubControls.testFlag(SC_ScrollBarSlider) && option->state.testFlag(State_Sunken);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
@@ -134,10 +135,11 @@ QRect VantryStyle::subControlRect(ComplexControl control, const QStyleOptionComp
     const int range = bar->maximum - bar->minimum;
     constexpr int shortest = Metrics::controlHeight;
     const int span = range + bar->pageStep;
-    const int handle = span <= 0 ? length : std::clamp(static_cast<int>(qint64(length) * bar->pageStep / span),
-                                                       std::min(shortest, length), length);
-    const int start = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition, length - handle,
-                                              bar->upsideDown);
+    const int handle = span <= 0 ? length
+                                 : std::clamp(static_cast<int>(qint64(length) * bar->pageStep / span),
+                                              std::min(shortest, length), length);
+    const int start = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition,
+                                              length - handle, bar->upsideDown);
     const auto stretch = [&](int from, int size) {
         const QRect place = upright ? QRect(0, from, option->rect.width(), size)
                                     : QRect(from, 0, size, option->rect.height());
@@ -157,4 +159,4 @@ QRect VantryStyle::subControlRect(ComplexControl control, const QStyleOptionComp
     }
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -4,15 +4,16 @@
 
 namespace vantry {
 
-/// How standard controls look: Fusion, with fields, scroll bars and menus of our own, painted from the palette.
+/// How standard controls look: Fusion, with fields, scroll bars and menus of our own, painted from the
+/// palette.
 class VantryStyle final : public QProxyStyle {
     Q_OBJECT
 
 public:
     VantryStyle();
 
-    /// Gives the application this style and the body type. Needs the application object; calling it again does
-    /// nothing.
+    /// Gives the application this style and the body type. Needs the application object; calling it again
+    /// does nothing.
     static void install();
 
     using QProxyStyle::polish;
@@ -29,8 +30,8 @@ public:
                                 QStyleHintReturn* returned) const override;
     [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                                          const QWidget* widget) const override;
-    [[nodiscard]] QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
-                                       const QWidget* widget) const override;
+    [[nodiscard]] QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                       SubControl part, const QWidget* widget) const override;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -43,7 +43,7 @@ const QStringList& familyNames() {
     return names;
 }
 
-} // namespace
+}  // namespace
 
 bool VantryType::registerFonts(const QString& bundle) {
     static QSet<QString> opened;
@@ -83,4 +83,4 @@ int VantryType::paragraphLineHeight() {
     return face(Role::body).lineHeight + extra;
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -14,8 +14,8 @@ struct VantryType {
     enum class Role { title, heading, body, label, caption, emphasis, small };
 
     /// The faces in the order in which they are registered; ":/fonts/" and the name and ".ttf" is the file.
-    static constexpr std::array<std::string_view, 4> families{"Inter-Regular", "Inter-Medium", "Inter-SemiBold",
-                                                              "Inter-Bold"};
+    static constexpr std::array<std::string_view, 4> families{"Inter-Regular", "Inter-Medium",
+                                                              "Inter-SemiBold", "Inter-Bold"};
 
     /// Opens the resource file `bundle` and makes its faces known to this process. A face that is missing or
     /// cannot be read is skipped: the system's type stands in. Answers false when there is no such file.
@@ -30,4 +30,4 @@ struct VantryType {
     [[nodiscard]] static int paragraphLineHeight();
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -14,10 +14,12 @@ int heightOf(const QLayoutItem& item, int width) {
     return std::max(wanted, item.minimumSize().height());
 }
 
-} // namespace
+}  // namespace
 
 WorkLayout::WorkLayout(int widthOfSide, int between, QWidget* parent)
-    : QLayout(parent), sideWidth(widthOfSide), gap(between) {
+    : QLayout(parent)
+    , sideWidth(widthOfSide)
+    , gap(between) {
     setContentsMargins(0, 0, 0, 0);
 }
 
@@ -34,11 +36,13 @@ void WorkLayout::addItem(QLayoutItem* item) {
 }
 
 int WorkLayout::count() const {
-    return static_cast<int>(std::count_if(items.begin(), items.end(), [](const auto& item) { return item != nullptr; }));
+    return static_cast<int>(
+        std::count_if(items.begin(), items.end(), [](const auto& item) { return item != nullptr; }));
 }
 
 QLayoutItem* WorkLayout::itemAt(int index) const {
-    return index >= 0 && index < static_cast<int>(items.size()) ? items[static_cast<std::size_t>(index)].get() : nullptr;
+    return index >= 0 && index < static_cast<int>(items.size()) ? items[static_cast<std::size_t>(index)].get()
+                                                                : nullptr;
 }
 
 QLayoutItem* WorkLayout::takeAt(int index) {
@@ -96,4 +100,4 @@ void WorkLayout::setGeometry(const QRect& rectangle) {
     items[1]->setGeometry({rectangle.left(), rectangle.top() + mainHeight + gap, width, sideHeight});
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -36,4 +36,4 @@ private:
     std::array<std::unique_ptr<QLayoutItem>, 2> items;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -40,8 +40,9 @@ LibraryView::LibraryView(PageContext given, const std::function<void()>& startPr
 void LibraryView::refresh() {
     const QString title = text(u"资料库", u"Library");
     setAccessibleName(title);
-    heading->setTexts(text(u"拍摄工作空间", u"Production workspace"), title,
-                      text(u"从分镜计划，到现场的每一条记录。", u"From the first shot plan to the last take."));
+    heading->setTexts(
+        text(u"拍摄工作空间", u"Production workspace"), title,
+        text(u"从分镜计划，到现场的每一条记录。", u"From the first shot plan to the last take."));
     newProject->setPlain(text(u"新建项目", u"New project"));
     empty->setTexts(text(u"从一个项目开始", u"Begin with a project"),
                     text(u"添加项目，再按幕编排镜头、排期与现场记录。",
@@ -70,4 +71,4 @@ void LibraryView::refresh() {
     productions->setRows(rows);
 }
 
-} // namespace vantry
+}  // namespace vantry

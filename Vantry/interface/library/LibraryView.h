@@ -27,4 +27,4 @@ private:
     RowList* productions;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -15,7 +15,8 @@
 namespace vantry {
 
 ProjectView::ProjectView(PageContext given, const Identifier& project, QWidget* parent)
-    : RecordPage(std::move(given), parent), projectID(project) {
+    : RecordPage(std::move(given), parent)
+    , projectID(project) {
     QWidget* body = column().body();
     heading = new PageHeading(body);
     auto* desk = new QWidget(body);
@@ -89,11 +90,10 @@ bool ProjectView::fill() {
     for (const auto& act : project->acts) {
         const auto active = act->activeCount();
         const auto complete = act->completedCount();
-        const QString detail =
-            text(u"%1 镜 · %2 已完成 · %3 待拍", u"%1 shots · %2 complete · %3 remaining")
-                .arg(active)
-                .arg(complete)
-                .arg(active - complete);
+        const QString detail = text(u"%1 镜 · %2 已完成 · %3 待拍", u"%1 shots · %2 complete · %3 remaining")
+                                   .arg(active)
+                                   .arg(complete)
+                                   .arg(active - complete);
         rows.append({rowKey(act->id), {Glyph::film, toQString(act->title), detail, false}});
     }
     empty->setVisible(rows.isEmpty());
@@ -105,8 +105,9 @@ void ProjectView::fillTexts(const Project& project) {
     const QString name = toQString(project.title);
     setAccessibleName(name);
     heading->setTexts(text(u"项目工作台", u"Production desk"), name,
-                      text(u"导演 · ", u"Director · ") +
-                          (project.director.empty() ? text(u"待填写", u"Not set") : toQString(project.director)));
+                      text(u"导演 · ", u"Director · ") + (project.director.empty()
+                                                              ? text(u"待填写", u"Not set")
+                                                              : toQString(project.director)));
     empty->setTexts(text(u"添加第一幕", u"Add the first act"),
                     text(u"再把每一镜的画面、动作和声音安排进去。",
                          u"Then plan the image, action and sound for each shot."));
@@ -117,4 +118,4 @@ void ProjectView::fillTexts(const Project& project) {
     notes->setTitle(text(u"项目说明", u"Project notes"));
 }
 
-} // namespace vantry
+}  // namespace vantry

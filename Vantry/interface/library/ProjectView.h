@@ -40,4 +40,4 @@ private:
     ParagraphField* notes = nullptr;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -9,18 +9,21 @@
 namespace vantry {
 
 Banner::Banner(QWidget* parent)
-    : QWidget(parent), text(new Label(VantryType::Role::label, &Palette::canvas, Label::Length::wrapped, this)) {
+    : QWidget(parent)
+    , text(new Label(VantryType::Role::label, &Palette::canvas, Label::Length::wrapped, this)) {
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(Metrics::paddingPage, Metrics::gapInline, Metrics::paddingPage, Metrics::gapInline);
+    column->setContentsMargins(Metrics::paddingPage, Metrics::gapInline, Metrics::paddingPage,
+                               Metrics::gapInline);
     column->addWidget(text);
     setMinimumHeight(Metrics::bannerHeight);
     hide();
 }
 
 void Banner::refresh(bool loadFailed, bool english) {
-    text->setPlain(english ? QStringLiteral("Data could not be read. Writing is disabled to protect the original. "
-                                            "Open the data folder in Settings.")
-                           : QStringLiteral("数据读取失败。为保护原数据，当前禁止写入；请在设置中打开数据文件夹检查。"));
+    text->setPlain(
+        english ? QStringLiteral("Data could not be read. Writing is disabled to protect the original. "
+                                 "Open the data folder in Settings.")
+                : QStringLiteral("数据读取失败。为保护原数据，当前禁止写入；请在设置中打开数据文件夹检查。"));
     setVisible(loadFailed);
 }
 
@@ -28,4 +31,4 @@ void Banner::paintEvent(QPaintEvent*) {
     QPainter(this).fillRect(rect(), Palette::of(*this).danger);
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -22,4 +22,4 @@ private:
     Label* text;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -10,7 +10,8 @@
 
 namespace vantry {
 
-CrumbBar::CrumbBar(QWidget* parent) : QWidget(parent) {
+CrumbBar::CrumbBar(QWidget* parent)
+    : QWidget(parent) {
     auto* inside = new QWidget(this);
     inside->setMaximumWidth(Metrics::pageWidth);
     row = new QHBoxLayout(inside);
@@ -62,4 +63,4 @@ void CrumbBar::refresh(const std::vector<Crumb>& trail, const Route& route) {
     setVisible(!trail.empty());
 }
 
-} // namespace vantry
+}  // namespace vantry

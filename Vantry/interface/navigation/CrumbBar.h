@@ -28,7 +28,7 @@ signals:
 
 private:
     struct Step {
-        Label* slash = nullptr; ///< none in front of the first
+        Label* slash = nullptr;  ///< none in front of the first
         Button* button = nullptr;
         Route route;
     };
@@ -39,4 +39,4 @@ private:
     std::vector<Step> steps;
 };
 
-} // namespace vantry
+}  // namespace vantry

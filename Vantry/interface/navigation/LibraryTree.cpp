@@ -25,7 +25,8 @@ public:
         return {Metrics::sidebarMinimum, Metrics::treeRowHeight};
     }
 
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
         const auto& tree = *static_cast<const LibraryTree*>(option.widget);
         const Palette& palette = Palette::of(tree);
         const QRect row = option.rect;
@@ -58,9 +59,10 @@ public:
     }
 };
 
-} // namespace
+}  // namespace
 
-LibraryTree::LibraryTree(QWidget* parent) : QTreeView(parent) {
+LibraryTree::LibraryTree(QWidget* parent)
+    : QTreeView(parent) {
     installNavigationAccessibility();
     setItemDelegate(new RowDelegate(this));
     setHeaderHidden(true);
@@ -92,7 +94,8 @@ void LibraryTree::press(const QModelIndex& index) {
         emit rowPressed(index);
 }
 
-void LibraryTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+void LibraryTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const {
     const Palette& palette = Palette::of(*this);
     const bool chosen = selectionModel()->isSelected(index);
     constexpr qreal half = Metrics::hairline / 2.0;
@@ -125,8 +128,9 @@ void LibraryTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
 void LibraryTree::drawBranches(QPainter* painter, const QRect& place, const QModelIndex& index) const {
     if (!model()->hasChildren(index))
         return;
-    const QRectF chevron(place.right() + 1 - Metrics::treeChevron + Metrics::treeInset, place.center().y() - Metrics::treeChevron / 2.0,
-                         Metrics::treeChevron, Metrics::treeChevron);
+    const QRectF chevron(place.right() + 1 - Metrics::treeChevron + Metrics::treeInset,
+                         place.center().y() - Metrics::treeChevron / 2.0, Metrics::treeChevron,
+                         Metrics::treeChevron);
     paintGlyph(*painter, isExpanded(index) ? Glyph::chevronDown : Glyph::chevronRight, chevron,
                Palette::of(*this).muted);
 }
@@ -158,20 +162,22 @@ bool LibraryTree::viewportEvent(QEvent* event) {
     return QTreeView::viewportEvent(event);
 }
 
-// The base would name rows to assistive tools by places that count a header in; these rows are counted without.
+// The base would name rows to assistive tools by places that count a header in; these rows are counted
+// without.
 
 void LibraryTree::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QAbstractItemView::currentChanged(current, previous); // NOLINT(bugprone-parent-virtual-call): see above
+    QAbstractItemView::currentChanged(current, previous);  // NOLINT(bugprone-parent-virtual-call): see above
     viewport()->update();
     if (hasFocus() && current.isValid())
         announceRow(*this, current, QAccessible::Focus);
 }
 
 void LibraryTree::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
-    QAbstractItemView::selectionChanged(selected, deselected); // NOLINT(bugprone-parent-virtual-call): see above
+    QAbstractItemView::selectionChanged(selected,
+                                        deselected);  // NOLINT(bugprone-parent-virtual-call): see above
     viewport()->update();
     for (const QModelIndex& index : selected.indexes())
         announceRow(*this, index, QAccessible::Selection);
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -22,7 +22,8 @@ signals:
     void rowPressed(const QModelIndex& index);
 
 protected:
-    void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) const override;
     void drawBranches(QPainter* painter, const QRect& place, const QModelIndex& index) const override;
     void keyPressEvent(QKeyEvent* event) override;
     bool viewportEvent(QEvent* event) override;
@@ -33,4 +34,4 @@ private:
     QPersistentModelIndex hovered;
 };
 
-} // namespace vantry
+}  // namespace vantry

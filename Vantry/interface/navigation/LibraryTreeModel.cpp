@@ -8,7 +8,9 @@
 
 namespace vantry {
 
-LibraryTreeModel::LibraryTreeModel(QObject* parent) : QAbstractItemModel(parent), root(std::make_unique<Row>()) {
+LibraryTreeModel::LibraryTreeModel(QObject* parent)
+    : QAbstractItemModel(parent)
+    , root(std::make_unique<Row>()) {
     root->loaded = true;
 }
 
@@ -50,7 +52,9 @@ QModelIndex LibraryTreeModel::indexOf(const Row& row) const {
 }
 
 LibraryTreeModel::Row* LibraryTreeModel::find(const Row& parent, const Identifier& id) {
-    const auto stands = [&](const auto& child) { return child->entry.kind != Kind::newTake && child->entry.id == id; };
+    const auto stands = [&](const auto& child) {
+        return child->entry.kind != Kind::newTake && child->entry.id == id;
+    };
     const auto found = std::find_if(parent.children.begin(), parent.children.end(), stands);
     return found == parent.children.end() ? nullptr : found->get();
 }
@@ -151,7 +155,8 @@ void LibraryTreeModel::removeOthers(Row& row, const std::vector<Entry>& wanted) 
             --begin;
         beginRemoveRows(indexOf(row), static_cast<int>(begin), static_cast<int>(end) - 1);
         const auto first = row.children.begin();
-        row.children.erase(first + static_cast<std::ptrdiff_t>(begin), first + static_cast<std::ptrdiff_t>(end));
+        row.children.erase(first + static_cast<std::ptrdiff_t>(begin),
+                           first + static_cast<std::ptrdiff_t>(end));
         adopt(row, begin);
         endRemoveRows();
         end = begin;
@@ -221,4 +226,4 @@ void LibraryTreeModel::insert(Row& row, std::size_t at, const std::vector<Entry>
     endInsertRows();
 }
 
-} // namespace vantry
+}  // namespace vantry

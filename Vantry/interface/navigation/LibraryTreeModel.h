@@ -23,8 +23,8 @@ class LibraryTreeModel final : public QAbstractItemModel {
 public:
     enum class Kind { project, act, shot, take, newTake };
     enum Role {
-        detailRole = Qt::UserRole, ///< the second line, also the accessible description
-        glyphRole                  ///< a Glyph as a number
+        detailRole = Qt::UserRole,  ///< the second line, also the accessible description
+        glyphRole                   ///< a Glyph as a number
     };
 
     explicit LibraryTreeModel(QObject* parent = nullptr);
@@ -77,4 +77,4 @@ private:
     bool english = false;
 };
 
-} // namespace vantry
+}  // namespace vantry

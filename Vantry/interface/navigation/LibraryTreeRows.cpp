@@ -10,7 +10,8 @@ namespace vantry {
 namespace {
 
 QString projectDetail(const Project& project, bool english) {
-    QString detail = (english ? QStringLiteral("Director: ") : QStringLiteral("导演：")) + toQString(project.director);
+    QString detail =
+        (english ? QStringLiteral("Director: ") : QStringLiteral("导演：")) + toQString(project.director);
     if (project.conflictKey)
         detail += english ? QStringLiteral(" · retained version") : QStringLiteral(" · 保留版本");
     return detail;
@@ -19,7 +20,8 @@ QString projectDetail(const Project& project, bool english) {
 QString actDetail(const Act& act, bool english) {
     const auto active = act.activeCount();
     const auto complete = act.completedCount();
-    return (english ? QStringLiteral("%1 shots · %2 done / %3 remaining") : QStringLiteral("%1 镜 · %2 完成 / %3 未完"))
+    return (english ? QStringLiteral("%1 shots · %2 done / %3 remaining")
+                    : QStringLiteral("%1 镜 · %2 完成 / %3 未完"))
         .arg(active)
         .arg(complete)
         .arg(active - complete);
@@ -36,7 +38,7 @@ QString takeDetail(const VantryTake& take) {
     return result + QStringLiteral(" · %1★").arg(take.stars);
 }
 
-} // namespace
+}  // namespace
 
 std::vector<LibraryTreeModel::Entry> LibraryTreeModel::entriesOf(const Library& library) {
     std::vector<Entry> entries;
@@ -99,7 +101,8 @@ QString LibraryTreeModel::titleOf(const Row& row, bool english) {
     case Kind::shot:
         return shotName(*std::get<std::shared_ptr<const Shot>>(row.entry.record));
     case Kind::take:
-        return QStringLiteral("Take %1").arg(std::get<std::shared_ptr<const VantryTake>>(row.entry.record)->number);
+        return QStringLiteral("Take %1").arg(
+            std::get<std::shared_ptr<const VantryTake>>(row.entry.record)->number);
     case Kind::newTake:
         break;
     }
@@ -155,4 +158,4 @@ Qt::ItemFlags LibraryTreeModel::flags(const QModelIndex& index) const {
     return flags;
 }
 
-} // namespace vantry
+}  // namespace vantry

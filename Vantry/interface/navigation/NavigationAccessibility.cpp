@@ -15,7 +15,9 @@ namespace {
 /// One row that is on show. It stays the same object for as long as its row is.
 class RowAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
-    RowAccessible(LibraryTree& view, const QModelIndex& row) : tree(&view), index(row) {}
+    RowAccessible(LibraryTree& view, const QModelIndex& row)
+        : tree(&view)
+        , index(row) {}
 
     [[nodiscard]] const QPersistentModelIndex& place() const { return index; }
 
@@ -38,7 +40,8 @@ public:
             return {};
         if (kind == QAccessible::Name)
             return index.data(Qt::AccessibleTextRole).toString();
-        return kind == QAccessible::Description ? index.data(Qt::AccessibleDescriptionRole).toString() : QString();
+        return kind == QAccessible::Description ? index.data(Qt::AccessibleDescriptionRole).toString()
+                                                : QString();
     }
     void setText(QAccessible::Text, const QString&) override {}
 
@@ -68,7 +71,8 @@ public:
     }
 
     void* interface_cast(QAccessible::InterfaceType type) override {
-        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
+        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
+                                                    : nullptr;
     }
     [[nodiscard]] QStringList actionNames() const override {
         if (!isValid() || !index.flags().testFlag(Qt::ItemIsEnabled))
@@ -94,7 +98,9 @@ private:
 /// The tree: its children are the rows on show, from top to bottom.
 class TreeAccessible final : public QAccessibleWidget {
 public:
-    explicit TreeAccessible(LibraryTree& view) : QAccessibleWidget(&view, QAccessible::Tree), tree(view) {}
+    explicit TreeAccessible(LibraryTree& view)
+        : QAccessibleWidget(&view, QAccessible::Tree)
+        , tree(view) {}
     ~TreeAccessible() override {
         for (const auto& [row, id] : made)
             QAccessible::deleteAccessibleInterface(id);
@@ -150,14 +156,15 @@ private:
     [[nodiscard]] QModelIndex firstRow() const { return tree.model()->index(0, 0); }
 
     LibraryTree& tree;
-    mutable std::unordered_map<const void*, QAccessible::Id> made; ///< by the row of the model
+    mutable std::unordered_map<const void*, QAccessible::Id> made;  ///< by the row of the model
 };
 
 /// A place of the sidebar: a button that can be the selected one.
 class NavigationRowAccessible final : public QAccessibleWidget {
 public:
     explicit NavigationRowAccessible(NavigationRow& button)
-        : QAccessibleWidget(&button, QAccessible::Button), row(button) {}
+        : QAccessibleWidget(&button, QAccessible::Button)
+        , row(button) {}
 
     [[nodiscard]] QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
@@ -187,7 +194,7 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
     return nullptr;
 }
 
-} // namespace
+}  // namespace
 
 void installNavigationAccessibility() {
     static const bool installed = [] {
@@ -209,4 +216,4 @@ void announceRow(LibraryTree& tree, const QModelIndex& index, QAccessible::Event
     }
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -9,7 +9,9 @@
 
 namespace vantry {
 
-NavigationRow::NavigationRow(Glyph sign, QWidget* parent) : Pressable(parent), glyph(sign) {
+NavigationRow::NavigationRow(Glyph sign, QWidget* parent)
+    : Pressable(parent)
+    , glyph(sign) {
     installNavigationAccessibility();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
@@ -43,10 +45,12 @@ void NavigationRow::paintEvent(QPaintEvent*) {
     if (chosen) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(palette.ink);
-        painter.drawRoundedRect(QRectF(0, Metrics::gapField, Metrics::selectionBar, height() - 2 * Metrics::gapField),
-                                Metrics::hairline, Metrics::hairline);
+        painter.drawRoundedRect(
+            QRectF(0, Metrics::gapField, Metrics::selectionBar, height() - 2 * Metrics::gapField),
+            Metrics::hairline, Metrics::hairline);
     }
-    const QRectF sign(Metrics::paddingSidebar, (height() - Metrics::icon) / 2.0, Metrics::icon, Metrics::icon);
+    const QRectF sign(Metrics::paddingSidebar, (height() - Metrics::icon) / 2.0, Metrics::icon,
+                      Metrics::icon);
     paintGlyph(painter, glyph, sign, palette.ink);
     const int left = Metrics::paddingSidebar + Metrics::icon + Metrics::gapField;
     painter.setFont(VantryType::font(VantryType::Role::label, chosen ? QFont::DemiBold : QFont::Medium));
@@ -56,4 +60,4 @@ void NavigationRow::paintEvent(QPaintEvent*) {
         paintFocus(painter, rect(), Metrics::radiusControl);
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -24,4 +24,4 @@ private:
     bool chosen = false;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -8,9 +8,11 @@
 namespace vantry {
 
 NewProjectSheet::NewProjectSheet(QWidget* parent)
-    : Sheet(parent), nameField(new LabeledField(this)), directorField(new LabeledField(this)),
-      cancel(new Button(Button::Kind::quiet, Glyph::none, this)),
-      create(new Button(Button::Kind::primary, Glyph::none, this)) {
+    : Sheet(parent)
+    , nameField(new LabeledField(this))
+    , directorField(new LabeledField(this))
+    , cancel(new Button(Button::Kind::quiet, Glyph::none, this))
+    , create(new Button(Button::Kind::primary, Glyph::none, this)) {
     content().addWidget(nameField);
     content().addWidget(directorField);
     for (Button* button : {cancel, create}) {
@@ -48,4 +50,4 @@ QString NewProjectSheet::director() const {
     return directorField->field().text();
 }
 
-} // namespace vantry
+}  // namespace vantry

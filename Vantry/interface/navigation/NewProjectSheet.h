@@ -33,4 +33,4 @@ private:
     Button* create;
 };
 
-} // namespace vantry
+}  // namespace vantry

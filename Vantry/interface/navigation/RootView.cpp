@@ -33,8 +33,9 @@
 namespace vantry {
 
 RootView::RootView(VantryStore& opened, AppDelegate& guard)
-    : store(opened), delegate(guard),
-      context{store, [this](const Route& route) { go(route); }, [this] { refreshSoon(); }} {
+    : store(opened)
+    , delegate(guard)
+    , context{store, [this](const Route& route) { go(route); }, [this] { refreshSoon(); }} {
     VantryStyle::install();
     appearance = new Appearance(this);
     setWindowTitle(QStringLiteral("Vantry"));
@@ -105,7 +106,7 @@ Page* RootView::makePage(const Route& route) {
     case Route::Place::search:
     case Route::Place::calendar:
     case Route::Place::settings:
-        break; // nothing leads there yet
+        break;  // nothing leads there yet
     }
     return new MissingView(context);
 }
@@ -160,6 +161,8 @@ void RootView::createProject() {
         const Identifier id = store.addProject(name, toText(newProject->director()));
         sidebar->expand(id);
         newProject->hide();
+        // A second Return belongs to nothing, and surely not to the button that opened the sheet.
+        page->setFocus(Qt::OtherFocusReason);
         go(Route::project(id));
     });
 }
@@ -190,15 +193,35 @@ void RootView::refreshNow() {
         page->refresh();
         statusLine->refresh(store);
         newProject->refresh(english);
-        alert->refresh();
+        // The question of the guard tells the failure itself.
+        if (!delegate.isAsking())
+            alert->refresh();
     });
 }
 
 void RootView::closeEvent(QCloseEvent* event) {
-    QGuiApplication::inputMethod()->commit();
-    bool mayEnd = false;
-    contain(store, [&] { mayEnd = delegate.shouldTerminate(); });
-    event->setAccepted(mayEnd);
+    event->setAccepted(mayClose);
+    if (!mayClose)
+        endSoon();
+}
+
+void RootView::endSoon() {
+    if (endQueued)
+        return;
+    endQueued = true;
+    // The guard may ask, and no question may run inside the closing of a window: Qt would let a second close
+    // pass behind it.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            contain(store, [this] { mayClose = delegate.shouldTerminate(); });
+            endQueued = false;
+            if (mayClose)
+                close();
+            mayClose = false;
+            refreshSoon();
+        },
+        Qt::QueuedConnection);
 }
 
 void RootView::showEvent(QShowEvent* event) {
@@ -212,4 +235,4 @@ void RootView::showEvent(QShowEvent* event) {
     refreshSoon();
 }
 
-} // namespace vantry
+}  // namespace vantry

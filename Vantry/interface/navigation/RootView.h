@@ -56,6 +56,7 @@ private:
     /// Runs what the person asked for; nothing that it throws gets further.
     void perform(const std::function<void()>& action);
     [[nodiscard]] bool flush();
+    void endSoon();
 
     VantryStore& store;
     AppDelegate& delegate;
@@ -72,7 +73,9 @@ private:
     NewProjectSheet* newProject = nullptr;
     StoreAlert* alert = nullptr;
     bool refreshQueued = false;
+    bool endQueued = false;
+    bool mayClose = false;
     bool appeared = false;
 };
 
-} // namespace vantry
+}  // namespace vantry

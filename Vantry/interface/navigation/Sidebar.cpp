@@ -17,20 +17,23 @@
 namespace vantry {
 
 Sidebar::Sidebar(QWidget* parent)
-    : QWidget(parent), tagline(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this)),
-      library(new NavigationRow(Glyph::library, this)),
-      contents(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this)),
-      expandButton(new Button(Button::Kind::crumb, Glyph::none, this)),
-      collapseButton(new Button(Button::Kind::crumb, Glyph::none, this)), model(new LibraryTreeModel(this)),
-      tree(new LibraryTree(this)), newProject(new Button(Button::Kind::quiet, Glyph::plus, this)) {
+    : QWidget(parent)
+    , tagline(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this))
+    , library(new NavigationRow(Glyph::library, this))
+    , contents(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this))
+    , expandButton(new Button(Button::Kind::crumb, Glyph::none, this))
+    , collapseButton(new Button(Button::Kind::crumb, Glyph::none, this))
+    , model(new LibraryTreeModel(this))
+    , tree(new LibraryTree(this))
+    , newProject(new Button(Button::Kind::quiet, Glyph::plus, this)) {
     tree->setModel(model);
     contents->setFont(VantryType::font(VantryType::Role::caption, QFont::DemiBold));
 
     auto* brand = new Label(VantryType::Role::emphasis, &Palette::ink, Label::Length::cut, this);
     brand->setPlain(QStringLiteral("Vantry"));
     auto* names = new QVBoxLayout;
-    names->setContentsMargins(Metrics::paddingBrand + Metrics::brandWidth + Metrics::gapField, Metrics::paddingBrand,
-                              Metrics::paddingBrand, Metrics::gapField);
+    names->setContentsMargins(Metrics::paddingBrand + Metrics::brandWidth + Metrics::gapField,
+                              Metrics::paddingBrand, Metrics::paddingBrand, Metrics::gapField);
     names->setSpacing(0);
     names->addWidget(brand);
     names->addWidget(tagline);
@@ -158,11 +161,12 @@ void Sidebar::paintEvent(QPaintEvent*) {
     const Palette& palette = Palette::of(*this);
     QPainter painter(this);
     painter.fillRect(rect(), palette.navigation);
-    paintBrandMark(painter,
-                   QRectF(Metrics::paddingBrand, Metrics::paddingBrand, Metrics::brandWidth, Metrics::brandHeight),
-                   palette.ink);
+    paintBrandMark(
+        painter,
+        QRectF(Metrics::paddingBrand, Metrics::paddingBrand, Metrics::brandWidth, Metrics::brandHeight),
+        palette.ink);
     const int foot = newProject->geometry().top() - Metrics::paddingSidebar - Metrics::hairline;
     painter.fillRect(0, foot, width(), Metrics::hairline, palette.rule);
 }
 
-} // namespace vantry
+}  // namespace vantry

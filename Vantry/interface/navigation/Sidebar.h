@@ -54,8 +54,8 @@ private:
     LibraryTreeModel* model;
     LibraryTree* tree;
     Button* newProject;
-    std::unordered_set<Identifier> expanded; ///< the records whose row is open, gone ones included
+    std::unordered_set<Identifier> expanded;  ///< the records whose row is open, gone ones included
     bool changingAll = false;
 };
 
-} // namespace vantry
+}  // namespace vantry

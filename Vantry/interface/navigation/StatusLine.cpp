@@ -13,15 +13,17 @@ namespace {
 
 QString clockTime(const Moment& moment) {
     constexpr double millisecondsPerSecond = 1000;
-    const double sinceUnix = (moment.seconds + static_cast<double>(unixSecondsOfReferenceDate)) * millisecondsPerSecond;
+    const double sinceUnix =
+        (moment.seconds + static_cast<double>(unixSecondsOfReferenceDate)) * millisecondsPerSecond;
     return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(sinceUnix)).toString(QStringLiteral("HH:mm"));
 }
 
-} // namespace
+}  // namespace
 
 StatusLine::StatusLine(QWidget* parent)
-    : QWidget(parent), state(new Label(VantryType::Role::caption, &Palette::ink, Label::Length::cut, this)),
-      time(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this)) {
+    : QWidget(parent)
+    , state(new Label(VantryType::Role::caption, &Palette::ink, Label::Length::cut, this))
+    , time(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this)) {
     auto* version = new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this);
     version->setPlain(QStringLiteral("Vantry · 0.7.7"));
     auto* row = new QHBoxLayout(this);
@@ -68,8 +70,9 @@ void StatusLine::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), palette.card);
     painter.fillRect(0, 0, width(), Metrics::hairline, palette.rule);
     paintGlyph(painter, glyph,
-               QRectF(Metrics::gapCard, (height() - Metrics::iconSmall) / 2.0, Metrics::iconSmall, Metrics::iconSmall),
+               QRectF(Metrics::gapCard, (height() - Metrics::iconSmall) / 2.0, Metrics::iconSmall,
+                      Metrics::iconSmall),
                palette.*colour);
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -29,4 +29,4 @@ private:
     Palette::Token colour = &Palette::completed;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -8,7 +8,10 @@
 
 namespace vantry {
 
-StoreAlert::StoreAlert(VantryStore& watched, QWidget& over) : QObject(&over), store(watched), window(over) {}
+StoreAlert::StoreAlert(VantryStore& watched, QWidget& over)
+    : QObject(&over)
+    , store(watched)
+    , window(over) {}
 
 void StoreAlert::refresh() {
     const auto& text = store.error() ? store.error() : store.notice();
@@ -46,4 +49,4 @@ void StoreAlert::clear() {
         store.setNotice(std::nullopt);
 }
 
-} // namespace vantry
+}  // namespace vantry

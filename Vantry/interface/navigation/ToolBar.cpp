@@ -10,7 +10,8 @@
 
 namespace vantry {
 
-ToolBar::ToolBar(WindowActions& actions, QWidget* parent) : QWidget(parent) {
+ToolBar::ToolBar(WindowActions& actions, QWidget* parent)
+    : QWidget(parent) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(Metrics::gapCard, 0, Metrics::gapCard, Metrics::hairline);
     row->setSpacing(Metrics::gapTrack);
@@ -22,7 +23,8 @@ ToolBar::ToolBar(WindowActions& actions, QWidget* parent) : QWidget(parent) {
 }
 
 void ToolBar::paintEvent(QPaintEvent*) {
-    QPainter(this).fillRect(0, height() - Metrics::hairline, width(), Metrics::hairline, Palette::of(*this).rule);
+    QPainter(this).fillRect(0, height() - Metrics::hairline, width(), Metrics::hairline,
+                            Palette::of(*this).rule);
 }
 
-} // namespace vantry
+}  // namespace vantry

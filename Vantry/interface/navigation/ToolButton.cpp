@@ -3,13 +3,14 @@
 #include <QAction>
 #include <QPainter>
 
-#include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/Palette.h"
 
 namespace vantry {
 
-ToolButton::ToolButton(QAction& action, Glyph sign, QWidget* parent) : QToolButton(parent), glyph(sign) {
+ToolButton::ToolButton(QAction& action, Glyph sign, QWidget* parent)
+    : QToolButton(parent)
+    , glyph(sign) {
     setDefaultAction(&action);
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
@@ -19,12 +20,8 @@ ToolButton::ToolButton(QAction& action, Glyph sign, QWidget* parent) : QToolButt
 }
 
 void ToolButton::takeName() {
-    // The action's text is one of ours and has no doubled "&".
-    const QString name = defaultAction()->text();
-    if (accessibleName() == name)
-        return;
-    setAccessibleName(name);
-    setHelp(*this, name);
+    // The action's text is one of ours and has no doubled "&". Qt shows it as hover help by itself.
+    setAccessibleName(defaultAction()->text());
 }
 
 QSize ToolButton::sizeHint() const {
@@ -43,8 +40,8 @@ void ToolButton::paintEvent(QPaintEvent*) {
     }
     painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
     paintGlyph(painter, glyph,
-               QRectF((width() - Metrics::iconLarge) / 2.0, (height() - Metrics::iconLarge) / 2.0, Metrics::iconLarge,
-                      Metrics::iconLarge),
+               QRectF((width() - Metrics::iconLarge) / 2.0, (height() - Metrics::iconLarge) / 2.0,
+                      Metrics::iconLarge, Metrics::iconLarge),
                palette.ink);
     if (hasFocus()) {
         constexpr qreal half = Metrics::ring / 2.0;
@@ -55,4 +52,4 @@ void ToolButton::paintEvent(QPaintEvent*) {
     }
 }
 
-} // namespace vantry
+}  // namespace vantry

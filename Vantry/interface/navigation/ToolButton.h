@@ -24,4 +24,4 @@ private:
     const Glyph glyph;
 };
 
-} // namespace vantry
+}  // namespace vantry

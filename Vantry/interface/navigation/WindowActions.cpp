@@ -17,14 +17,23 @@ void setPlain(QAction& action, const QString& plain) {
     action.setText(controlText(plain));
 }
 
-} // namespace
+}  // namespace
 
 WindowActions::WindowActions(VantryStore& opened, QMenuBar& bar)
-    : QObject(&bar), store(opened), file(bar.addMenu(QString())), view(bar.addMenu(QString())),
-      languageMenu(view->addMenu(QString())), appearanceMenu(view->addMenu(QString())),
-      languages(new QActionGroup(this)), appearances(new QActionGroup(this)), backAction(add(nullptr)),
-      homeAction(add(nullptr)), saveAction(add(file)), exportAction(add(file)), importAction(add(file)),
-      quitAction(nullptr) {
+    : QObject(&bar)
+    , store(opened)
+    , file(bar.addMenu(QString()))
+    , view(bar.addMenu(QString()))
+    , languageMenu(view->addMenu(QString()))
+    , appearanceMenu(view->addMenu(QString()))
+    , languages(new QActionGroup(this))
+    , appearances(new QActionGroup(this))
+    , backAction(add(nullptr))
+    , homeAction(add(nullptr))
+    , saveAction(add(file))
+    , exportAction(add(file))
+    , importAction(add(file))
+    , quitAction(nullptr) {
     file->addSeparator();
     quitAction = add(file);
     quitAction->setMenuRole(QAction::QuitRole);
@@ -92,4 +101,4 @@ void WindowActions::refresh(bool canGoBack) {
     appearanceChoices[forced]->setChecked(true);
 }
 
-} // namespace vantry
+}  // namespace vantry

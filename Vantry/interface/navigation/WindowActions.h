@@ -11,8 +11,8 @@ namespace vantry {
 
 class VantryStore;
 
-/// The window's actions and its menu. An action is one object wherever it is shown, so that a shortcut has one
-/// owner.
+/// The window's actions and its menu. An action is one object wherever it is shown, so that a shortcut has
+/// one owner.
 class WindowActions final : public QObject {
     Q_OBJECT
 
@@ -50,4 +50,4 @@ private:
     QAction* quitAction;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -15,4 +15,4 @@ void contain(VantryStore& store, const std::function<void()>& action) noexcept {
     }
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -9,10 +9,12 @@
 namespace vantry {
 
 MissingView::MissingView(PageContext given, QWidget* parent)
-    : StorePage(std::move(given), parent), card(new EmptyCard(Glyph::folder, this)),
-      back(new Button(Button::Kind::primary, Glyph::none, this)) {
+    : StorePage(std::move(given), parent)
+    , card(new EmptyCard(Glyph::folder, this))
+    , back(new Button(Button::Kind::primary, Glyph::none, this)) {
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(Metrics::paddingPage, Metrics::paddingPage, Metrics::paddingPage, Metrics::paddingPage);
+    column->setContentsMargins(Metrics::paddingPage, Metrics::paddingPage, Metrics::paddingPage,
+                               Metrics::paddingPage);
     column->setSpacing(Metrics::gapBlock);
     column->addWidget(card);
     column->addWidget(back, 0, Qt::AlignHCenter);
@@ -21,10 +23,11 @@ MissingView::MissingView(PageContext given, QWidget* parent)
 }
 
 void MissingView::refresh() {
-    card->setTexts(text(u"这条记录已删除", u"This record was deleted"),
-                   text(u"返回资料库，或撤销刚才的结构修改。", u"Return to the library or undo the structure change."));
+    card->setTexts(
+        text(u"这条记录已删除", u"This record was deleted"),
+        text(u"返回资料库，或撤销刚才的结构修改。", u"Return to the library or undo the structure change."));
     back->setPlain(text(u"返回资料库", u"Back to library"));
     setAccessibleName(text(u"这条记录已删除", u"This record was deleted"));
 }
 
-} // namespace vantry
+}  // namespace vantry

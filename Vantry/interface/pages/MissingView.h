@@ -21,4 +21,4 @@ private:
     Button* back;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -11,8 +11,8 @@ class VantryStore;
 /// What the window gives each page. All of it outlives the page.
 struct PageContext {
     VantryStore& store;
-    std::function<void(const Route&)> go; ///< the only way to another place
-    std::function<void()> refreshSoon;    ///< brings all that is visible in line once this event is done
+    std::function<void(const Route&)> go;  ///< the only way to another place
+    std::function<void()> refreshSoon;     ///< brings all that is visible in line once this event is done
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -8,8 +8,10 @@
 namespace vantry {
 
 RecordPage::RecordPage(PageContext given, QWidget* parent)
-    : StorePage(std::move(given), parent), body(new PageColumn(this)), missing(new MissingView(context, this)),
-      stack(new QStackedLayout(this)) {
+    : StorePage(std::move(given), parent)
+    , body(new PageColumn(this))
+    , missing(new MissingView(context, this))
+    , stack(new QStackedLayout(this)) {
     stack->addWidget(body);
     stack->addWidget(missing);
 }
@@ -24,4 +26,4 @@ void RecordPage::refresh() {
     stack->setCurrentWidget(missing);
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -30,4 +30,4 @@ private:
     QStackedLayout* stack;
 };
 
-} // namespace vantry
+}  // namespace vantry

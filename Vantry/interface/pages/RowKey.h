@@ -18,4 +18,4 @@ namespace vantry {
     return Identifier::parse({key.constData(), static_cast<std::size_t>(key.size())});
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -5,7 +5,9 @@
 
 namespace vantry {
 
-StorePage::StorePage(PageContext given, QWidget* parent) : Page(parent), context(std::move(given)) {}
+StorePage::StorePage(PageContext given, QWidget* parent)
+    : Page(parent)
+    , context(std::move(given)) {}
 
 QString StorePage::text(QStringView zh, QStringView en) const {
     return (store().english() ? en : zh).toString();
@@ -25,4 +27,4 @@ TextBinding StorePage::binding(std::function<std::optional<Text>()> read,
             [this, write = std::move(write)](const QString& text) { perform([&] { write(toText(text)); }); }};
 }
 
-} // namespace vantry
+}  // namespace vantry

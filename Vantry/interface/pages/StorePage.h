@@ -31,7 +31,8 @@ protected:
     /// control that ran ahead of the store is brought back in line.
     void perform(const std::function<void()>& action) const;
     /// A slot that performs `action` with the signal's arguments.
-    template <class Action> [[nodiscard]] auto performing(Action action) const {
+    template <class Action>
+    [[nodiscard]] auto performing(Action action) const {
         return [this, action = std::move(action)](const auto&... arguments) {
             perform([&] { action(arguments...); });
         };
@@ -44,4 +45,4 @@ protected:
     const PageContext context;
 };
 
-} // namespace vantry
+}  // namespace vantry

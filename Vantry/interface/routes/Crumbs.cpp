@@ -18,9 +18,9 @@ std::vector<Crumb> crumbs(const Library& library, const Route& route, bool engli
     trail.push_back({act->title, Route::act(*projectID, *actID)});
     const auto shotID = route.shotID();
     if (const Shot* shot = shotID ? findRecord(act->shots, *shotID) : nullptr)
-        trail.push_back({Text(shot->code.utf8() + " " + shot->title.utf8()),
-                         Route::shot(*projectID, *actID, *shotID)});
+        trail.push_back(
+            {Text(shot->code.utf8() + " " + shot->title.utf8()), Route::shot(*projectID, *actID, *shotID)});
     return trail;
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -21,4 +21,4 @@ struct Crumb {
 /// outside the productions. A take has no crumb: its page names it.
 [[nodiscard]] std::vector<Crumb> crumbs(const Library& library, const Route& route, bool english);
 
-} // namespace vantry
+}  // namespace vantry

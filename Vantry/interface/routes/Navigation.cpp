@@ -33,4 +33,4 @@ bool Navigation::goBack(const Flush& flush) {
     return true;
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -24,9 +24,9 @@ public:
     /// Whether Back leads anywhere: with an empty history it leads to the library.
     [[nodiscard]] bool canGoBack() const noexcept { return !visited.empty() || current != Route::library(); }
 
-    /// Goes to `target`, and answers whether that is a new place. Going to where one is does nothing and saves
-    /// nothing. The library empties the history; a place of the history cuts it at that entry, so that it
-    /// never holds one place twice.
+    /// Goes to `target`, and answers whether that is a new place. Going to where one is does nothing and
+    /// saves nothing. The library empties the history; a place of the history cuts it at that entry, so that
+    /// it never holds one place twice.
     bool go(const Route& target, const Flush& flush);
     /// Goes to the newest entry of the history, or to the library; answers whether the place was left.
     bool goBack(const Flush& flush);
@@ -36,4 +36,4 @@ private:
     std::vector<Route> visited;
 };
 
-} // namespace vantry
+}  // namespace vantry

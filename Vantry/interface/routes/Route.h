@@ -33,8 +33,12 @@ public:
     }
     [[nodiscard]] static constexpr Route library() noexcept { return {}; }
     [[nodiscard]] static constexpr Route search() noexcept { return Route(Place::search, {}, {}, {}, {}); }
-    [[nodiscard]] static constexpr Route calendar() noexcept { return Route(Place::calendar, {}, {}, {}, {}); }
-    [[nodiscard]] static constexpr Route settings() noexcept { return Route(Place::settings, {}, {}, {}, {}); }
+    [[nodiscard]] static constexpr Route calendar() noexcept {
+        return Route(Place::calendar, {}, {}, {}, {});
+    }
+    [[nodiscard]] static constexpr Route settings() noexcept {
+        return Route(Place::settings, {}, {}, {}, {});
+    }
 
     [[nodiscard]] constexpr Place place() const noexcept { return where; }
 
@@ -57,7 +61,11 @@ public:
 private:
     constexpr Route(Place place, const Identifier& project, const Identifier& act, const Identifier& shot,
                     const Identifier& take) noexcept
-        : where(place), inProject(project), inAct(act), inShot(shot), ofTake(take) {}
+        : where(place)
+        , inProject(project)
+        , inAct(act)
+        , inShot(shot)
+        , ofTake(take) {}
 
     /// How many levels of records lead to this place.
     [[nodiscard]] constexpr int depth() const noexcept {
@@ -86,9 +94,10 @@ private:
     Identifier ofTake;
 };
 
-} // namespace vantry
+}  // namespace vantry
 
-template <> struct std::hash<vantry::Route> {
+template <>
+struct std::hash<vantry::Route> {
     std::size_t operator()(const vantry::Route& route) const noexcept {
         auto mixed = static_cast<std::size_t>(route.place());
         for (const auto& id : {route.projectID(), route.actID(), route.shotID(), route.takeID()})

@@ -14,7 +14,9 @@
 namespace vantry {
 
 ActView::ActView(PageContext given, const Identifier& project, const Identifier& act, QWidget* parent)
-    : RecordPage(std::move(given), parent), projectID(project), actID(act) {
+    : RecordPage(std::move(given), parent)
+    , projectID(project)
+    , actID(act) {
     QWidget* body = column().body();
     heading = new PageHeading(body);
     add = new Button(Button::Kind::primary, Glyph::plus, heading);
@@ -98,4 +100,4 @@ void ActView::fillTexts(const Act& act) {
                          u"Start with the image and action, then schedule the shoot."));
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -16,7 +16,8 @@ class ActView final : public RecordPage {
     Q_OBJECT
 
 public:
-    ActView(PageContext context, const Identifier& projectID, const Identifier& actID, QWidget* parent = nullptr);
+    ActView(PageContext context, const Identifier& projectID, const Identifier& actID,
+            QWidget* parent = nullptr);
 
 protected:
     bool fill() override;
@@ -37,4 +38,4 @@ private:
     RowList* shots;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -12,4 +12,4 @@ void startNewTake(const PageContext& context, const Identifier& projectID, const
     context.go(Route::take(projectID, actID, shotID, takeID));
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -10,4 +10,4 @@ namespace vantry {
 void startNewTake(const PageContext& context, const Identifier& projectID, const Identifier& actID,
                   const Identifier& shotID);
 
-} // namespace vantry
+}  // namespace vantry

@@ -21,4 +21,4 @@ Button* makeNewTakeButton(PageHeading& heading, const std::function<void()>& sta
     return button;
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -12,4 +12,4 @@ class PageHeading;
 /// key: it is the store that refuses the repetition, and must see each attempt to do so.
 [[nodiscard]] Button* makeNewTakeButton(PageHeading& heading, const std::function<void()>& start);
 
-} // namespace vantry
+}  // namespace vantry

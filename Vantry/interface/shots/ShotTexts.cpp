@@ -31,4 +31,4 @@ QString resultWord(TakeResult result, bool english) {
     return english ? QStringLiteral("Pending") : QStringLiteral("待定");
 }
 
-} // namespace vantry
+}  // namespace vantry

@@ -17,4 +17,4 @@ namespace vantry {
 /// The verdict as a word.
 [[nodiscard]] QString resultWord(TakeResult result, bool english);
 
-} // namespace vantry
+}  // namespace vantry

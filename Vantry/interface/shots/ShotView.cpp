@@ -18,12 +18,16 @@
 
 namespace vantry {
 
-ShotView::ShotView(PageContext given, const Identifier& project, const Identifier& act, const Identifier& shot,
-                   QWidget* parent)
-    : RecordPage(std::move(given), parent), projectID(project), actID(act), shotID(shot) {
+ShotView::ShotView(PageContext given, const Identifier& project, const Identifier& act,
+                   const Identifier& shot, QWidget* parent)
+    : RecordPage(std::move(given), parent)
+    , projectID(project)
+    , actID(act)
+    , shotID(shot) {
     QWidget* body = column().body();
     heading = new PageHeading(body);
-    newTake = makeNewTakeButton(*heading, performing([this] { startNewTake(context, projectID, actID, shotID); }));
+    newTake =
+        makeNewTakeButton(*heading, performing([this] { startNewTake(context, projectID, actID, shotID); }));
     cancelled = new Label(VantryType::Role::label, &Palette::warning, Label::Length::wrapped, body);
     auto* plan = new QWidget(body);
     auto* parts = new WorkLayout(Metrics::sideWidth, Metrics::gapSection, plan);
@@ -147,4 +151,4 @@ void ShotView::fillTakes(const Shot& shot) {
     takes->setRows(rows);
 }
 
-} // namespace vantry
+}  // namespace vantry

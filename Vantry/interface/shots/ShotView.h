@@ -18,8 +18,8 @@ class ShotView final : public RecordPage {
     Q_OBJECT
 
 public:
-    ShotView(PageContext context, const Identifier& projectID, const Identifier& actID, const Identifier& shotID,
-             QWidget* parent = nullptr);
+    ShotView(PageContext context, const Identifier& projectID, const Identifier& actID,
+             const Identifier& shotID, QWidget* parent = nullptr);
 
 protected:
     bool fill() override;
@@ -52,4 +52,4 @@ private:
     RowList* takes = nullptr;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -28,4 +28,4 @@ private:
     Label* note;
 };
 
-} // namespace vantry
+}  // namespace vantry

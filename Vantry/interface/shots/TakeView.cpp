@@ -19,12 +19,17 @@
 
 namespace vantry {
 
-TakeView::TakeView(PageContext given, const Identifier& project, const Identifier& act, const Identifier& shot,
-                   const Identifier& take, QWidget* parent)
-    : RecordPage(std::move(given), parent), projectID(project), actID(act), shotID(shot), takeID(take) {
+TakeView::TakeView(PageContext given, const Identifier& project, const Identifier& act,
+                   const Identifier& shot, const Identifier& take, QWidget* parent)
+    : RecordPage(std::move(given), parent)
+    , projectID(project)
+    , actID(act)
+    , shotID(shot)
+    , takeID(take) {
     QWidget* body = column().body();
     heading = new PageHeading(body);
-    newTake = makeNewTakeButton(*heading, performing([this] { startNewTake(context, projectID, actID, shotID); }));
+    newTake =
+        makeNewTakeButton(*heading, performing([this] { startNewTake(context, projectID, actID, shotID); }));
     retained = new Label(VantryType::Role::label, &Palette::warning, Label::Length::wrapped, body);
     auto* desk = new QWidget(body);
     auto* parts = new WorkLayout(Metrics::sideWidth, Metrics::gapSection, desk);
@@ -129,7 +134,8 @@ bool TakeView::fill() {
                       toQString(shot->title));
     newTake->setPlain(text(u"新 Take · ⌘ Return", u"New take · ⌘ Return"));
     newTake->setEnabled(!shot->cancelled);
-    retained->setPlain(text(u"合并保留的不同版本 · 原记录未覆盖", u"Retained merge version · Original unchanged"));
+    retained->setPlain(
+        text(u"合并保留的不同版本 · 原记录未覆盖", u"Retained merge version · Original unchanged"));
     retained->setVisible(take->conflictKey.has_value());
     fillResultBar(*take);
     notes->setTitle(text(u"现场笔记 · 自由输入", u"On-set notes · write freely"));
@@ -172,16 +178,17 @@ void TakeView::fillMedia(const VantryTake& take) {
     cameraFile->setVisible(hasPicture);
     mixerFile->setVisible(hasSound);
     soundNumber->setVisible(hasSound && take.soundNumber.has_value());
-    soundNumber->setPlain(text(u"声音 Take ", u"Sound take ") + QString::number(take.soundNumber.value_or(0)));
+    soundNumber->setPlain(text(u"声音 Take ", u"Sound take ") +
+                          QString::number(take.soundNumber.value_or(0)));
     kept->setPlain(text(u"此前填写的素材名仍保留，可切回查看。",
                         u"Earlier media names are retained. Switch back to view them."));
     kept->setVisible((!hasPicture && !take.cameraFile.empty()) || (!hasSound && !take.mixerFile.empty()));
 }
 
 void TakeView::fillCameraTitle() {
-    cameraFile->setTitle(text(u"相机素材名", u"Camera media names"),
-                         cameraFile->editor().hasFocus() ? text(u" · 多机位分行填写", u" · One camera per line")
-                                                         : QString());
+    cameraFile->setTitle(
+        text(u"相机素材名", u"Camera media names"),
+        cameraFile->editor().hasFocus() ? text(u" · 多机位分行填写", u" · One camera per line") : QString());
 }
 
-} // namespace vantry
+}  // namespace vantry

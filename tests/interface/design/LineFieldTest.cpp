@@ -39,7 +39,8 @@ TEST_F(LineFieldTest, PublishesWhatIsTyped) {
 }
 
 TEST_F(LineFieldTest, ATextWithLineEndsIsNotTouched) {
-    const QString text = QStringLiteral("one\r\ntwo\nthree\u2028four\u2029five") + QChar(u'\0') + QStringLiteral("six");
+    const QString text =
+        QStringLiteral("one\r\ntwo\nthree\u2028four\u2029five") + QChar(u'\0') + QStringLiteral("six");
     bind(text);
     field.clearFocus();
     field.setFocus();
@@ -95,5 +96,5 @@ TEST_F(LineFieldTest, ARecordThatIsGoneIsNotWritten) {
     EXPECT_EQ(writes, 0);
 }
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test

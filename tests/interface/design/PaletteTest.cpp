@@ -14,7 +14,8 @@ double luminance(const QColor& colour) {
     const auto linear = [](double part) {
         return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
     };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
 }
 
 double contrast(const QColor& a, const QColor& b) {
@@ -48,5 +49,5 @@ TEST_P(PaletteTest, AWidgetAsksForTheOneInForce) {
 INSTANTIATE_TEST_SUITE_P(Appearances, PaletteTest, testing::Bool(),
                          [](const auto& suite) { return suite.param ? "dark" : "light"; });
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test

@@ -93,7 +93,8 @@ TEST_F(ParagraphEditorTest, ClickingInAndOutPublishesNothing) {
 }
 
 TEST_F(ParagraphEditorTest, AnEditChangesNothingOutsideOfItself) {
-    const QString tail = QStringLiteral("\r\nb\rc\u2028d\u2029e\u00A0f") + QChar(u'\0') + QChar(0xFFFC) + QStringLiteral("g");
+    const QString tail =
+        QStringLiteral("\r\nb\rc\u2028d\u2029e\u00A0f") + QChar(u'\0') + QChar(0xFFFC) + QStringLiteral("g");
     bind(QStringLiteral("a") + tail);
     select(0, 0);
     QTest::keyClicks(&editor, QStringLiteral("x"));
@@ -240,5 +241,5 @@ TEST_F(ParagraphEditorTest, ARecordThatIsGoneIsNotWritten) {
     EXPECT_EQ(writes, 0);
 }
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test

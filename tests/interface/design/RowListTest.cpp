@@ -68,5 +68,5 @@ TEST_F(RowListTest, PressingARowTellsItsKey) {
     EXPECT_EQ(spy[1][0].toByteArray(), "a");
 }
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test

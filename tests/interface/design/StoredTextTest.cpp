@@ -21,15 +21,16 @@ std::string codes(const QString& text) {
 
 class RandomText {
 public:
-    explicit RandomText(unsigned seed) : generator(seed) {}
+    explicit RandomText(unsigned seed)
+        : generator(seed) {}
 
     int number(int below) { return static_cast<int>(generator() % static_cast<unsigned>(below)); }
     QString text(int longest) {
         static const QStringList parts{
-            QStringLiteral("a"),   QStringLiteral("b"),  QStringLiteral("\r"),     QStringLiteral("\n"),
-            QStringLiteral("\r\n"), QString(QChar(u'\0')), QString(QChar(0x2028)), QString(QChar(0x2029)),
-            QString(QChar(0xFDD0)), QString(QChar(0xFFFC)), QStringLiteral("🙂"),   QStringLiteral("🙃"),
-            QStringLiteral("中"),  QString(QChar(0xA0)),  QStringLiteral("\t"),    QString(QChar(0xFEFF))};
+            QStringLiteral("a"),    QStringLiteral("b"),    QStringLiteral("\r"),   QStringLiteral("\n"),
+            QStringLiteral("\r\n"), QString(QChar(u'\0')),  QString(QChar(0x2028)), QString(QChar(0x2029)),
+            QString(QChar(0xFDD0)), QString(QChar(0xFFFC)), QStringLiteral("🙂"), QStringLiteral("🙃"),
+            QStringLiteral("中"),   QString(QChar(0xA0)),   QStringLiteral("\t"),   QString(QChar(0xFEFF))};
         QString text;
         for (int count = number(longest + 1); count > 0; --count)
             text += parts[number(static_cast<int>(parts.size()))];
@@ -37,7 +38,9 @@ public:
     }
     /// `text` with one stretch replaced, as typing does; no surrogate pair is cut.
     QString edited(const QString& text) {
-        const auto boundary = [&](int at) { return at > 0 && at < text.size() && text[at].isLowSurrogate() ? at - 1 : at; };
+        const auto boundary = [&](int at) {
+            return at > 0 && at < text.size() && text[at].isLowSurrogate() ? at - 1 : at;
+        };
         const int from = boundary(number(static_cast<int>(text.size()) + 1));
         const int to = std::max(from, boundary(from + number(static_cast<int>(text.size()) - from + 1)));
         return text.left(from) + paragraphForm(this->text(3)) + text.mid(to);
@@ -82,7 +85,8 @@ TEST(StoredTextTest, LineEndsOutsideTheEditStay) {
 }
 
 TEST(StoredTextTest, ANewParagraphBehindALoneCarriageReturnStaysOne) {
-    EXPECT_TEXT(storedWithEdit(QStringLiteral("a\rb"), QStringLiteral("a\u2029\u2029b")), QStringLiteral("a\r\n\nb"));
+    EXPECT_TEXT(storedWithEdit(QStringLiteral("a\rb"), QStringLiteral("a\u2029\u2029b")),
+                QStringLiteral("a\r\n\nb"));
     EXPECT_TEXT(storedWithEdit(QStringLiteral("a\rX\nb"), QStringLiteral("a\u2029\u2029b")),
                 QStringLiteral("a\r\n\nb"));
 }
@@ -106,7 +110,8 @@ TEST(StoredTextTest, AChangedStretchNeverCutsASurrogatePair) {
 
 TEST(StoredTextTest, ChangesOfBothSidesMeetInOneText) {
     const auto merged = [](const char* base, const char* mine, const char* theirs) {
-        return mergedEdit(QString::fromUtf8(base), QString::fromUtf8(mine), QString::fromUtf8(theirs)).toStdString();
+        return mergedEdit(QString::fromUtf8(base), QString::fromUtf8(mine), QString::fromUtf8(theirs))
+            .toStdString();
     };
     EXPECT_EQ(merged("one two three", "ONE two three", "one two THREE"), "ONE two THREE");
     EXPECT_EQ(merged("one two three", "one two THREE", "ONE two three"), "ONE two THREE");
@@ -116,5 +121,5 @@ TEST(StoredTextTest, ChangesOfBothSidesMeetInOneText) {
     EXPECT_EQ(merged("word", "wide", "wired"), "wireided") << "nothing that was written is lost";
 }
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test

@@ -87,20 +87,23 @@ TEST_F(LibraryTreeModelTest, RowsSayWhatTheyStandFor) {
     shotAt(0, 1).cancelled = true;
     shotAt(0, 1).takes[0].edit().result = TakeResult::ng;
     refresh();
-    EXPECT_EQ(rows(), (QStringList{
-                          "Tom & Jerry <b> | Director: Mei · retained version", "  One | 1 shots · 1 done / 0 remaining",
-                          "    1 Window | 1 Take · 4★ · ✓", "      Take 1 | Good · 4★", "      New take | ",
-                          "    2 Window | 1 Take · 0★", "      Take 1 | NG · 0★", "      New take | "}));
+    EXPECT_EQ(rows(),
+              (QStringList{"Tom & Jerry <b> | Director: Mei · retained version",
+                           "  One | 1 shots · 1 done / 0 remaining", "    1 Window | 1 Take · 4★ · ✓",
+                           "      Take 1 | Good · 4★", "      New take | ", "    2 Window | 1 Take · 0★",
+                           "      Take 1 | NG · 0★", "      New take | "}));
     english = false;
     refresh();
-    EXPECT_EQ(rows(), (QStringList{"Tom & Jerry <b> | 导演：Mei · 保留版本", "  One | 1 镜 · 1 完成 / 0 未完",
-                                   "    1 Window | 1 Take · 4★ · ✓", "      Take 1 | Good · 4★", "      新 Take | ",
-                                   "    2 Window | 1 Take · 0★", "      Take 1 | NG · 0★", "      新 Take | "}));
+    EXPECT_EQ(rows(),
+              (QStringList{"Tom & Jerry <b> | 导演：Mei · 保留版本", "  One | 1 镜 · 1 完成 / 0 未完",
+                           "    1 Window | 1 Take · 4★ · ✓", "      Take 1 | Good · 4★", "      新 Take | ",
+                           "    2 Window | 1 Take · 0★", "      Take 1 | NG · 0★", "      新 Take | "}));
     const QModelIndex act = model.index(0, 0, model.index(0, 0));
     EXPECT_EQ(model.index(0, 0, act).data(Model::glyphRole).toInt(), static_cast<int>(Glyph::camera));
     const QModelIndex roomTone = model.index(1, 0, act);
     EXPECT_EQ(roomTone.data(Model::glyphRole).toInt(), static_cast<int>(Glyph::waveform));
-    EXPECT_FALSE(model.index(1, 0, roomTone).flags().testFlag(Qt::ItemIsEnabled)) << "a cancelled shot takes no takes";
+    EXPECT_FALSE(model.index(1, 0, roomTone).flags().testFlag(Qt::ItemIsEnabled))
+        << "a cancelled shot takes no takes";
 }
 
 TEST_F(LibraryTreeModelTest, ATakeWithoutAVerdictShowsADash) {
@@ -115,7 +118,9 @@ TEST_F(LibraryTreeModelTest, RowsSpeakTheirTitleAndDetail) {
     const QModelIndex project = model.index(0, 0);
     EXPECT_EQ(project.data(Qt::AccessibleTextRole), project.data());
     EXPECT_EQ(project.data(Qt::AccessibleDescriptionRole), project.data(Model::detailRole));
-    EXPECT_TRUE(project.data(Qt::ToolTipRole).toString().startsWith(QStringLiteral("<span>Tom &amp; Jerry &lt;b&gt;")));
+    EXPECT_TRUE(project.data(Qt::ToolTipRole)
+                    .toString()
+                    .startsWith(QStringLiteral("<span>Tom &amp; Jerry &lt;b&gt;")));
 }
 
 TEST_F(LibraryTreeModelTest, EachRowLeadsToItsPlaceAndBack) {
@@ -192,14 +197,16 @@ TEST_F(LibraryTreeModelTest, ARecordThatStaysKeepsItsRowThroughEverything) {
                     shuffle(project.edit().acts);
                 break;
             case 2:
-                library.projects.insert(library.projects.begin() +
-                                            static_cast<std::ptrdiff_t>(generator() % (library.projects.size() + 1)),
-                                        records.validProject());
+                library.projects.insert(
+                    library.projects.begin() +
+                        static_cast<std::ptrdiff_t>(generator() % (library.projects.size() + 1)),
+                    records.validProject());
                 break;
             case 3:
                 if (library.projects.size() > 2)
-                    library.projects.erase(library.projects.begin() +
-                                           static_cast<std::ptrdiff_t>(generator() % library.projects.size()));
+                    library.projects.erase(
+                        library.projects.begin() +
+                        static_cast<std::ptrdiff_t>(generator() % library.projects.size()));
                 break;
             default:
                 support::editValidly(library, records);
@@ -219,5 +226,5 @@ TEST_F(LibraryTreeModelTest, ARecordThatStaysKeepsItsRowThroughEverything) {
     EXPECT_EQ(resets.count(), 0);
 }
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test

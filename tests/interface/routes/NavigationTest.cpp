@@ -122,12 +122,12 @@ TEST(RouteTest, CarriesTheIdentifiersDownToItsLevelAndNoOthers) {
 TEST(RouteTest, EqualRoutesAreOneKey) {
     const Identifier a = Identifier::random();
     const Identifier b = Identifier::random();
-    const std::unordered_set<Route> routes{Route::project(a),  Route::project(a), Route::project(b), Route::act(a, b),
-                                           Route::act(b, a),   Route::library(),  Route::search(),   Route::calendar(),
-                                           Route::settings(),  Route(),           Route::shot(a, b, a),
-                                           Route::take(a, b, a, b)};
+    const std::unordered_set<Route> routes{Route::project(a), Route::project(a),    Route::project(b),
+                                           Route::act(a, b),  Route::act(b, a),     Route::library(),
+                                           Route::search(),   Route::calendar(),    Route::settings(),
+                                           Route(),           Route::shot(a, b, a), Route::take(a, b, a, b)};
     EXPECT_EQ(routes.size(), 10U);
 }
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test

@@ -17,8 +17,8 @@
 namespace vantry::test {
 namespace {
 
-const QStringList placeNames{QStringLiteral("project"), QStringLiteral("act"),    QStringLiteral("shot"),
-                             QStringLiteral("take"),    QStringLiteral("library"), QStringLiteral("search"),
+const QStringList placeNames{QStringLiteral("project"),  QStringLiteral("act"),     QStringLiteral("shot"),
+                             QStringLiteral("take"),     QStringLiteral("library"), QStringLiteral("search"),
                              QStringLiteral("calendar"), QStringLiteral("settings")};
 
 Route routeOf(const QJsonObject& object) {
@@ -55,8 +55,8 @@ QJsonObject jsonOf(const Route& route) {
 }
 
 QJsonObject walk(const QJsonObject& in) {
-    const auto library =
-        Codec::decode<Library>(QJsonDocument(in["library"].toObject()).toJson(QJsonDocument::Compact).toStdString());
+    const auto library = Codec::decode<Library>(
+        QJsonDocument(in["library"].toObject()).toJson(QJsonDocument::Compact).toStdString());
     const QJsonArray failing = in["failAt"].toArray();
     Navigation places;
     QJsonArray states;
@@ -98,5 +98,5 @@ TEST(RouteWalkTest, EveryWalkLeadsWhereItShould) {
     EXPECT_GT(walks, 20);
 }
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test

@@ -44,7 +44,8 @@ protected:
         go(place);
         const auto found = controls(page());
         for (const Spoken& spoken : expected)
-            EXPECT_NE(std::find(found.begin(), found.end(), spoken), found.end()) << testing::PrintToString(spoken);
+            EXPECT_NE(std::find(found.begin(), found.end(), spoken), found.end())
+                << testing::PrintToString(spoken);
         for (const Spoken& spoken : found)
             EXPECT_NE(std::find(expected.begin(), expected.end(), spoken), expected.end())
                 << testing::PrintToString(spoken);
@@ -53,8 +54,7 @@ protected:
 };
 
 TEST_F(AccessibilityTest, TheLibrary) {
-    expectOnPage(Route::library(),
-                 {{QAccessible::Button, "New project"}, {QAccessible::Button, "候车室"}});
+    expectOnPage(Route::library(), {{QAccessible::Button, "New project"}, {QAccessible::Button, "候车室"}});
 }
 
 TEST_F(AccessibilityTest, AProduction) {
@@ -123,25 +123,29 @@ TEST_F(AccessibilityTest, TheFrameOfTheWindow) {
                                                     {QAccessible::Button, "New project"},
                                                     {QAccessible::Button, "Back"},
                                                     {QAccessible::Button, "Save"}})
-        EXPECT_NE(std::find(found.begin(), found.end(), spoken), found.end()) << testing::PrintToString(spoken);
+        EXPECT_NE(std::find(found.begin(), found.end(), spoken), found.end())
+            << testing::PrintToString(spoken);
     for (const Spoken& spoken : found)
         EXPECT_FALSE(spoken.name.isEmpty()) << spoken.role;
     const auto& library = get<QAbstractButton>(QStringLiteral("Library"), tree().parentWidget());
-    EXPECT_FALSE(QAccessible::queryAccessibleInterface(&const_cast<QAbstractButton&>(library))->state().selected);
+    EXPECT_FALSE(
+        QAccessible::queryAccessibleInterface(&const_cast<QAbstractButton&>(library))->state().selected);
     go(Route::library());
-    EXPECT_TRUE(QAccessible::queryAccessibleInterface(&const_cast<QAbstractButton&>(library))->state().selected);
+    EXPECT_TRUE(
+        QAccessible::queryAccessibleInterface(&const_cast<QAbstractButton&>(library))->state().selected);
 }
 
 TEST_F(AccessibilityTest, TheSheet) {
     clickOnPage(QStringLiteral("New project"));
     auto* sheet = QApplication::activeModalWidget();
     ASSERT_NE(sheet, nullptr);
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(sheet)->text(QAccessible::Name), QStringLiteral("New project"));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(sheet)->text(QAccessible::Name),
+              QStringLiteral("New project"));
     EXPECT_EQ(controls(*sheet), (std::vector<Spoken>{{QAccessible::EditableText, "Project name"},
                                                      {QAccessible::EditableText, "Director"},
                                                      {QAccessible::Button, "Cancel"},
                                                      {QAccessible::Button, "Create"}}));
 }
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test

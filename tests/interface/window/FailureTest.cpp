@@ -53,8 +53,6 @@ TEST_F(FailureTest, TheSaveCommandTriesAgain) {
     EXPECT_TRUE(store->saveFailed());
     click(QStringLiteral("好"), alert());
     disk.full = false;
-    window->activateWindow();
-    notes().setFocus();
     press(Qt::Key_S, Qt::ControlModifier);
     EXPECT_FALSE(store->saveFailed()) << "one owner of the shortcut, so it works";
     EXPECT_EQ(DiskStore::read(file()).projects[0]->acts[0]->shots[0]->takes[0]->notes, Text("precious"));
@@ -92,7 +90,8 @@ TEST_F(FailureTest, ALibraryThatCannotBeReadIsProtected) {
     const auto before = support::factsOf(file());
     open();
     EXPECT_TRUE(store->loadFailed());
-    EXPECT_TRUE(shows(QStringLiteral("数据读取失败。为保护原数据，当前禁止写入；请在设置中打开数据文件夹检查。")));
+    EXPECT_TRUE(
+        shows(QStringLiteral("数据读取失败。为保护原数据，当前禁止写入；请在设置中打开数据文件夹检查。")));
     EXPECT_TRUE(shows(QStringLiteral("资料库读取失败")));
     ASSERT_NE(alert(), nullptr);
     click(QStringLiteral("好"), alert());
@@ -105,9 +104,12 @@ TEST_F(FailureTest, ALibraryThatCannotBeReadIsProtected) {
     click(QStringLiteral("取消"), sheet);
     store->setLanguage("en");
     settle();
-    EXPECT_TRUE(shows(QStringLiteral("Data could not be read. Writing is disabled to protect the original. Open the "
-                                     "data folder in Settings.")));
-    EXPECT_TRUE(window->close());
+    EXPECT_TRUE(
+        shows(QStringLiteral("Data could not be read. Writing is disabled to protect the original. Open the "
+                             "data folder in Settings.")));
+    window->close();
+    settle();
+    EXPECT_FALSE(window->isVisible());
     EXPECT_TRUE(questions.empty());
     EXPECT_EQ(support::factsOf(file()), before);
 }
@@ -124,29 +126,63 @@ TEST_F(FailureTest, QuittingSavesWithoutAQuestion) {
 
 TEST_F(FailureTest, QuittingAsksWhenTheSaveFailsAndGoesBack) {
     typeAndFail();
-    EXPECT_FALSE(window->close());
+    window->close();
+    settle();
     EXPECT_TRUE(window->isVisible());
     ASSERT_EQ(questions.size(), 1U);
     EXPECT_NE(questions[0].find("No space left"), std::string::npos);
     EXPECT_EQ(notes().toPlainText(), QStringLiteral("precious"));
     answerQuit = true;
-    EXPECT_TRUE(window->close());
+    window->close();
+    settle();
+    EXPECT_FALSE(window->isVisible());
     EXPECT_EQ(questions.size(), 2U);
+}
+
+TEST_F(FailureTest, ASecondCloseBehindTheQuestionEndsNothing) {
+    typeAndFail();
+    bool stayed = false;
+    whileAsking = [&] {
+        window->close();
+        settle();
+        stayed = window->isVisible();
+    };
+    press(Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_TRUE(stayed);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(questions.size(), 1U);
+    EXPECT_EQ(notes().toPlainText(), QStringLiteral("precious"));
+}
+
+TEST_F(FailureTest, TheQuestionStandsAlone) {
+    typeAndFail();
+    store->setError(std::nullopt);
+    settle();
+    ASSERT_EQ(alert(), nullptr);
+    bool alertBehind = true;
+    whileAsking = [&] {
+        settle();
+        alertBehind = alert() != nullptr;
+    };
+    press(Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_FALSE(alertBehind);
+    EXPECT_EQ(questions.size(), 1U);
 }
 
 TEST_F(FailureTest, AFailureInsideAnActionIsShownAndGoesNoFurther) {
     makeTake();
     go(takeRoute());
     // A mutation that throws changes nothing; here the disk's listener does it in the middle of a click.
-    const auto connection = QObject::connect(store.get(), &VantryStore::changed, store.get(), [](auto member) {
-        if (member == VantryStore::Member::library)
-            throw std::runtime_error("thrown on the way");
-    });
+    const auto connection =
+        QObject::connect(store.get(), &VantryStore::changed, store.get(), [](auto member) {
+            if (member == VantryStore::Member::library)
+                throw std::runtime_error("thrown on the way");
+        });
     clickOnPage(QStringLiteral("Good"));
     QObject::disconnect(connection);
     ASSERT_NE(alert(), nullptr);
     EXPECT_NE(find<Label>(*alert(), QStringLiteral("thrown on the way")), nullptr);
 }
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test

@@ -118,5 +118,5 @@ TEST_F(NewTakeTest, ACancelledShotOffersNone) {
     EXPECT_EQ(route(), takeRoute());
 }
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test

@@ -22,8 +22,8 @@ TEST_F(NotesTest, LookingAtForeignLineEndsPublishesNothing) {
         record.mixerFile = foreignLines;
     });
     store->updateShot(project, act, shot, [](Shot& record) {
-        for (Text Shot::*member : {&Shot::code, &Shot::title, &Shot::description, &Shot::framing, &Shot::movement,
-                                   &Shot::soundDescription})
+        for (Text Shot::*member : {&Shot::code, &Shot::title, &Shot::description, &Shot::framing,
+                                   &Shot::movement, &Shot::soundDescription})
             record.*member = foreignLines;
     });
     store->updateAct(project, act, [](Act& record) { record.title = foreignLines; });
@@ -110,7 +110,8 @@ TEST_F(NotesTest, AnOpenCompositionSurvivesASaveAndARefresh) {
 TEST_F(NotesTest, WhatChangedElsewhereIsNotOverwrittenByAStalePage) {
     go(takeRoute());
     QTest::keyClicks(&notes(), QStringLiteral("mine"));
-    store->updateTake(project, act, shot, take, [](VantryTake& record) { record.notes = "theirs, and mine"; });
+    store->updateTake(project, act, shot, take,
+                      [](VantryTake& record) { record.notes = "theirs, and mine"; });
     // The page has not been brought in line yet when the next key comes.
     QTest::keyClicks(&notes(), QStringLiteral("!"));
     EXPECT_EQ(takeRecord().notes, Text("theirs, and mine!"));
@@ -145,5 +146,5 @@ TEST_F(NotesTest, ARecordThatComesBackFindsItsPageAsItWas) {
     EXPECT_EQ(editor->toPlainText(), QStringLiteral("typed"));
 }
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test

@@ -203,8 +203,8 @@ TEST_F(PagesTest, ANameThatLooksLikeMarkupLooksAndSpeaksRight) {
         record.code = "A&B";
         record.title = "<b>";
     });
-    for (const Route& place : {Route::library(), Route::project(project), Route::act(project, act), shotRoute(),
-                               takeRoute()}) {
+    for (const Route& place :
+         {Route::library(), Route::project(project), Route::act(project, act), shotRoute(), takeRoute()}) {
         go(place);
         for (auto* label : window->findChildren<Label*>()) {
             EXPECT_EQ(label->textFormat(), Qt::PlainText);
@@ -227,12 +227,14 @@ TEST_F(PagesTest, TheKeyboardReachesEveryControlOfTheTakeInOrder) {
     get<QAbstractButton>(QStringLiteral("新 Take · ⌘ Return")).setFocus(Qt::TabFocusReason);
     QStringList reached;
     for (int step = 0; step < 12; ++step) {
-        reached.append(QAccessible::queryAccessibleInterface(QApplication::focusWidget())->text(QAccessible::Name));
+        reached.append(
+            QAccessible::queryAccessibleInterface(QApplication::focusWidget())->text(QAccessible::Name));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
-    EXPECT_EQ(reached, (QStringList{"新 Take · ⌘ Return", "待定", "1 星", "2 星", "3 星", "4 星", "5 星",
-                                    "现场笔记 · 自由输入", "同期声", "相机素材名", "Mixer 素材名", "返回镜头"}));
+    EXPECT_EQ(reached,
+              (QStringList{"新 Take · ⌘ Return", "待定", "1 星", "2 星", "3 星", "4 星", "5 星",
+                           "现场笔记 · 自由输入", "同期声", "相机素材名", "Mixer 素材名", "返回镜头"}));
 }
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test

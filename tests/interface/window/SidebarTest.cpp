@@ -19,7 +19,9 @@ protected:
         QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, tree().visualRect(row).center());
         settle();
     }
-    [[nodiscard]] QAccessibleInterface& spokenTree() const { return *QAccessible::queryAccessibleInterface(&tree()); }
+    [[nodiscard]] QAccessibleInterface& spokenTree() const {
+        return *QAccessible::queryAccessibleInterface(&tree());
+    }
     /// The row of that name that assistive tools find.
     [[nodiscard]] QAccessibleInterface* spokenRow(const QString& name) const {
         for (int at = 0; at < spokenTree().childCount(); ++at)
@@ -90,7 +92,8 @@ TEST_F(SidebarTest, RowsFollowTheRecordsAtOnce) {
     clickOnPage(QStringLiteral("Good"));
     clickOnPage(QStringLiteral("4 星"));
     EXPECT_EQ(rowOf(takeRoute()).data(LibraryTreeModel::detailRole).toString(), QStringLiteral("Good · 4★"));
-    EXPECT_EQ(rowOf(shotRoute()).data(LibraryTreeModel::detailRole).toString(), QStringLiteral("1 Take · 4★ · ✓"));
+    EXPECT_EQ(rowOf(shotRoute()).data(LibraryTreeModel::detailRole).toString(),
+              QStringLiteral("1 Take · 4★ · ✓"));
     EXPECT_EQ(rowOf(Route::act(project, act)).data(LibraryTreeModel::detailRole).toString(),
               QStringLiteral("1 镜 · 1 完成 / 0 未完"));
 }
@@ -139,5 +142,5 @@ TEST_F(SidebarTest, ARowThatIsOffOffersNoPress) {
     EXPECT_TRUE(newTake->actionInterface()->actionNames().isEmpty());
 }
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test

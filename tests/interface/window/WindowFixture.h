@@ -8,9 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
-#include <QAbstractButton>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QTest>
@@ -34,7 +34,8 @@ class ManualClock final : public Clock {
 public:
     Moment now() override { return Moment{static_cast<double>(milliseconds) / 1000.0}; }
     double uptime() override { return static_cast<double>(milliseconds) / 1000.0; }
-    std::unique_ptr<DelayedCall> callAfter(std::chrono::milliseconds delay, std::function<void()> call) override {
+    std::unique_ptr<DelayedCall> callAfter(std::chrono::milliseconds delay,
+                                           std::function<void()> call) override {
         const Due due{milliseconds + delay.count(), next++};
         calls[due] = std::move(call);
         return std::make_unique<Cancel>(*this, due);
@@ -54,7 +55,9 @@ public:
 private:
     using Due = std::pair<long long, int>;
     struct Cancel final : DelayedCall {
-        Cancel(ManualClock& owner, Due when) : clock(owner), due(when) {}
+        Cancel(ManualClock& owner, Due when)
+            : clock(owner)
+            , due(when) {}
         ~Cancel() override { clock.calls.erase(due); }
         ManualClock& clock;
         Due due;
@@ -92,16 +95,24 @@ protected:
         store->setLanguage(language);
         delegate = std::make_unique<AppDelegate>([this](const Text& reason) {
             questions.push_back(reason.utf8());
+            if (whileAsking)
+                whileAsking();
             return answerQuit;
         });
         window = std::make_unique<RootView>(*store, *delegate);
         window->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-        window->activateWindow();
-        settle();
+        activate();
     }
     void TearDown() override {
         window.reset();
+        settle();
+    }
+
+    /// What a window manager does when a dialog has closed.
+    void activate() const {
+        window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
         settle();
     }
 
@@ -153,7 +164,8 @@ protected:
         }
         return nullptr;
     }
-    template <class Widget = QWidget> [[nodiscard]] Widget& get(const QString& name, QWidget* within = nullptr) const {
+    template <class Widget = QWidget>
+    [[nodiscard]] Widget& get(const QString& name, QWidget* within = nullptr) const {
         auto* found = find<Widget>(within != nullptr ? *within : *window, name);
         if (found == nullptr)
             throw std::runtime_error("nothing is called " + name.toStdString());
@@ -177,6 +189,8 @@ protected:
     }
     /// One press of a key with what is focused, or its repetition while it is held.
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, bool repeated = false) const {
+        if (!window->isActiveWindow() && QApplication::activeModalWidget() == nullptr)
+            activate();
         QWidget* target = QApplication::focusWidget() != nullptr ? QApplication::focusWidget() : window.get();
         QTest::simulateEvent(target, true, key, modifiers, QString(), repeated);
         settle();
@@ -189,6 +203,7 @@ protected:
     FullDisk disk;
     Text language = "zh";
     bool answerQuit = false;
+    std::function<void()> whileAsking;
     std::vector<std::string> questions;
     std::unique_ptr<VantryStore> store;
     std::unique_ptr<AppDelegate> delegate;
@@ -199,4 +214,4 @@ private:
     mutable std::shared_ptr<const Shot> held;
 };
 
-} // namespace vantry::test
+}  // namespace vantry::test

@@ -83,8 +83,8 @@ TEST_F(WindowTest, NeedsNoMoreThanItsSmallestSizeOnAnyPage) {
     window->resize(1000, 680);
     for (const char* spoken : {"zh", "en"}) {
         store->setLanguage(Text(spoken));
-        for (const Route& place : {Route::library(), Route::project(project), Route::act(project, act), shotRoute(),
-                                   takeRoute()}) {
+        for (const Route& place : {Route::library(), Route::project(project), Route::act(project, act),
+                                   shotRoute(), takeRoute()}) {
             go(place);
             EXPECT_EQ(window->size(), QSize(1000, 680));
             for (auto* button : page().findChildren<QAbstractButton*>()) {
@@ -117,7 +117,8 @@ TEST_F(WindowTest, TheSheetCreatesNothingFromABlankName) {
     EXPECT_TRUE(store->library().projects.empty());
 
     click(QStringLiteral("新建项目"), tree().parentWidget());
-    EXPECT_TRUE(get<QLineEdit>(QStringLiteral("项目名称"), QApplication::activeModalWidget()).text().isEmpty())
+    EXPECT_TRUE(
+        get<QLineEdit>(QStringLiteral("项目名称"), QApplication::activeModalWidget()).text().isEmpty())
         << "it begins anew";
 }
 
@@ -214,7 +215,8 @@ TEST_F(WindowTest, LeavingAPageSavesItAtOnce) {
     go(takeRoute());
     QTest::keyClicks(&notes(), QStringLiteral("typed just now"));
     go(shotRoute());
-    EXPECT_EQ(DiskStore::read(file()).projects[0]->acts[0]->shots[0]->takes[0]->notes, Text("typed just now"));
+    EXPECT_EQ(DiskStore::read(file()).projects[0]->acts[0]->shots[0]->takes[0]->notes,
+              Text("typed just now"));
 }
 
 TEST_F(WindowTest, TheStatusLineTellsTheStateAndTheTime) {
@@ -241,7 +243,8 @@ TEST_F(WindowTest, ManyChangesAreOneRefresh) {
     go(takeRoute());
     int paints = 0;
     struct Counter final : QObject {
-        explicit Counter(int& seen) : count(seen) {}
+        explicit Counter(int& seen)
+            : count(seen) {}
         bool eventFilter(QObject*, QEvent* event) override {
             count += event->type() == QEvent::ToolTipChange ? 1 : 0;
             return false;
@@ -276,5 +279,5 @@ TEST_F(WindowTest, TheAppearanceChangesWithoutRebuildingAnything) {
     EXPECT_EQ(Palette::of(*window).canvas, Palette::light().canvas);
 }
 
-} // namespace
-} // namespace vantry::test
+}  // namespace
+}  // namespace vantry::test
