@@ -36,9 +36,38 @@ private:
     StarButton* button;
 };
 
+/// A segment is chosen by a press or, as tools do it with radio buttons, by a toggle: either is a click.
+class SegmentAccessible final : public QAccessibleWidget {
+public:
+    explicit SegmentAccessible(Segment* segment)
+        : QAccessibleWidget(segment, QAccessible::RadioButton)
+        , button(segment) {}
+
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = true;
+        state.checked = button->isChecked();
+        return state;
+    }
+    [[nodiscard]] QStringList actionNames() const override {
+        return QStringList{pressAction(), toggleAction()} + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& name) override {
+        if (name != pressAction() && name != toggleAction())
+            QAccessibleWidget::doAction(name);
+        else if (button->isEnabled())
+            button->click();
+    }
+
+private:
+    Segment* button;
+};
+
 QAccessibleInterface* makeInterface(const QString&, QObject* object) {
     if (auto* star = qobject_cast<StarButton*>(object))
         return new StarAccessible(star);
+    if (auto* segment = qobject_cast<Segment*>(object))
+        return new SegmentAccessible(segment);
     if (auto* choice = qobject_cast<SegmentedChoice*>(object))
         return new QAccessibleWidget(choice, QAccessible::Grouping);
     if (auto* rating = qobject_cast<StarRating*>(object))

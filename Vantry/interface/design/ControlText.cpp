@@ -18,11 +18,13 @@ QString singleLine(const QString& plain) {
     return line;
 }
 
+QString asHelp(const QString& plain) {
+    return plain.isEmpty() ? QString() : QStringLiteral("<span>%1</span>").arg(plain.toHtmlEscaped());
+}
+
 void setHelp(QWidget& widget, const QString& plain) {
-    const QString help =
-        plain.isEmpty() ? QString() : QStringLiteral("<span>%1</span>").arg(plain.toHtmlEscaped());
-    if (widget.toolTip() != help)
-        widget.setToolTip(help);
+    if (widget.toolTip() != asHelp(plain))
+        widget.setToolTip(asHelp(plain));
     // Without a description of its own a control would read its hover help out, markup and all.
     widget.setAccessibleDescription(plain);
 }

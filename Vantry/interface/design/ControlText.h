@@ -12,8 +12,11 @@ namespace vantry {
 /// `plain` on one line: each line end becomes a blank.
 [[nodiscard]] QString singleLine(const QString& plain);
 
-/// Shows `plain` as hover help, letter by letter even where it looks like markup, and gives it to assistive
-/// tools as the widget's description. The empty text shows none.
+/// `plain` as the text of hover help: shown letter by letter even where it looks like markup.
+[[nodiscard]] QString asHelp(const QString& plain);
+
+/// Shows `plain` as hover help and gives it to assistive tools as the widget's description. The empty text
+/// shows none.
 void setHelp(QWidget& widget, const QString& plain);
 
 }  // namespace vantry

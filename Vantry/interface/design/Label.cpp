@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QHelpEvent>
 #include <QPainter>
 #include <QTextLayout>
+#include <QToolTip>
 
 #include "Vantry/interface/design/ControlText.h"
 
@@ -59,10 +61,7 @@ void Label::setPlain(const QString& plain) {
     if (text() == plain)
         return;
     setText(plain);
-    if (length == Length::cut)
-        setHelp(*this, plain);
     setAccessibleName(plain);
-    setAccessibleDescription({});
     updateGeometry();
 }
 
@@ -103,6 +102,19 @@ int Label::heightForWidth(int width) const {
     return breakLines(layout, width, VantryType::lineHeight(role));
 }
 
+QString Label::shownLine() const {
+    return fontMetrics().elidedText(singleLine(text()), Qt::ElideRight, width());
+}
+
+bool Label::event(QEvent* event) {
+    // Not by a tool tip of its own, which tools would read out behind the text itself.
+    if (event->type() == QEvent::ToolTip && length == Length::cut && shownLine() != singleLine(text())) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), asHelp(text()), this);
+        return true;
+    }
+    return QLabel::event(event);
+}
+
 void Label::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setPen(Palette::of(*this).*colour);
@@ -113,9 +125,8 @@ void Label::paintEvent(QPaintEvent*) {
         layout.draw(&painter, QPointF(0, 0));
         return;
     }
-    const QString line = fontMetrics().elidedText(singleLine(text()), Qt::ElideRight, width());
     painter.drawText(rect(), static_cast<int>(Qt::AlignVCenter | (alignment() & Qt::AlignHorizontal_Mask)),
-                     line);
+                     shownLine());
 }
 
 }  // namespace vantry

@@ -36,7 +36,7 @@ protected:
 
 private:
     /// The one line of a text that may be cut, cut or not.
-    [[nodiscard]] QString line() const;
+    [[nodiscard]] QString shownLine() const;
 
     const VantryType::Role role;
     Palette::Token colour;

@@ -25,6 +25,10 @@ CrumbBar::CrumbBar(QWidget* parent)
     centred->addWidget(inside, 1000);
     centred->addStretch();
     setFixedHeight(Metrics::crumbsHeight);
+    // The longest trail, made at once: so the keyboard finds the steps in front of every page.
+    constexpr std::size_t longestTrail = 4;
+    while (steps.size() < longestTrail)
+        addStep();
 }
 
 void CrumbBar::addStep() {
@@ -44,8 +48,6 @@ void CrumbBar::addStep() {
 }
 
 void CrumbBar::refresh(const std::vector<Crumb>& trail, const Route& route) {
-    while (steps.size() < trail.size())
-        addStep();
     for (std::size_t place = 0; place < steps.size(); ++place) {
         Step& step = steps[place];
         const bool shown = place < trail.size();

@@ -51,6 +51,8 @@ RootView::RootView(VantryStore& opened, AppDelegate& guard)
     splitter->addWidget(makeDetail());
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({Metrics::sidebarIdeal, Metrics::windowWidth - Metrics::sidebarIdeal});
+    // The splitter turned their order round.
+    sidebar->lower();
     setCentralWidget(splitter);
     newProject = new NewProjectSheet(this);
     alert = new StoreAlert(store, *this);
@@ -76,11 +78,13 @@ QWidget* RootView::makeDetail() {
     auto* column = new QVBoxLayout(detail);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
+    // In the order in which the keyboard and assistive tools walk through them.
+    auto* toolBar = new ToolBar(*actions, detail);
     banner = new Banner(detail);
     crumbBar = new CrumbBar(detail);
     statusLine = new StatusLine(detail);
     pagePlace = new QVBoxLayout;
-    column->addWidget(new ToolBar(*actions, detail));
+    column->addWidget(toolBar);
     column->addWidget(banner);
     column->addWidget(crumbBar);
     column->addLayout(pagePlace, 1);
@@ -116,6 +120,7 @@ void RootView::showPage() {
     const bool hadFocus = old != nullptr && old->isAncestorOf(focusWidget());
     page = makePage(places.route());
     pagePlace->addWidget(page);
+    page->stackUnder(statusLine);
     if (old != nullptr) {
         pagePlace->removeWidget(old);
         old->hide();

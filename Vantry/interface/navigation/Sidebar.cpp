@@ -31,6 +31,7 @@ Sidebar::Sidebar(QWidget* parent)
 
     auto* brand = new Label(VantryType::Role::emphasis, &Palette::ink, Label::Length::cut, this);
     brand->setPlain(QStringLiteral("Vantry"));
+    brand->lower();
     auto* names = new QVBoxLayout;
     names->setContentsMargins(Metrics::paddingBrand + Metrics::brandWidth + Metrics::gapField,
                               Metrics::paddingBrand, Metrics::paddingBrand, Metrics::gapField);

@@ -68,6 +68,7 @@ QWidget* TakeView::makeResultBar(QWidget* parent) {
     row->setSpacing(Metrics::gapField);
     const auto block = [&](Label*& title, QWidget* control) {
         title = new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, bar);
+        title->stackUnder(control);
         auto* lines = new QVBoxLayout;
         lines->setSpacing(Metrics::gapInline);
         lines->addWidget(title);

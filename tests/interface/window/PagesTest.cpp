@@ -208,7 +208,7 @@ TEST_F(PagesTest, ANameThatLooksLikeMarkupLooksAndSpeaksRight) {
         go(place);
         for (auto* label : window->findChildren<Label*>()) {
             EXPECT_EQ(label->textFormat(), Qt::PlainText);
-            EXPECT_FALSE(label->toolTip().contains(QStringLiteral("<b>")));
+            EXPECT_TRUE(label->toolTip().isEmpty());
         }
         for (auto* button : window->findChildren<QAbstractButton*>()) {
             EXPECT_TRUE(button->shortcut().isEmpty()) << "an ampersand made a key of its own";
