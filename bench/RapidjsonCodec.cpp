@@ -147,7 +147,7 @@ void write(Writer& json, const Moment& value) {
 }
 
 void write(Writer& json, const Identifier& value) {
-    std::array<char, 36> text;
+    std::array<char, 36> text{};
     value.write(text.data());
     write(json, std::string_view(text.data(), text.size()));
 }

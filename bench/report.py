@@ -4,8 +4,9 @@
 usage: report.py NAME=RESULT.json...
   NAME    the size of the library (S, M, L or X); RESULT.json what --benchmark_out wrote for it
 
-Every figure is a median over the repetitions of one run.  Only ratios inside a run mean
-anything: the machine's own pace changes from one minute to the next.
+Every figure is a median over the repetitions of one run, which is held against the goal; the
+one in brackets comes from the fastest repetitions, those that were disturbed least.  Only ratios
+inside a run mean anything: the machine's own pace changes from one minute to the next.
 """
 import json
 import statistics
@@ -22,6 +23,7 @@ class Run:
         with open(path, encoding="utf-8") as file:
             result = json.load(file)
         self.date = result["context"]["date"][:10]
+        self.pick = statistics.median
         self.repetitions = {}
         for entry in result["benchmarks"]:
             if entry["run_type"] == "iteration":
@@ -29,7 +31,7 @@ class Run:
                 self.repetitions.setdefault(name, []).append(entry)
 
     def of(self, name, what=None):
-        """The median in microseconds, or of a counter.
+        """The time in microseconds, or a counter.
 
         Saves wait for the disk, so they are told by the clock; all else by the processor time
         of the one thread, which does not count what other programs took meanwhile.
@@ -37,7 +39,7 @@ class Run:
         what = what or ("real_time" if name.startswith("save/") else "cpu_time")
         scale = MICROSECONDS if what.endswith("_time") else {}
         entries = self.repetitions[name]
-        return statistics.median(entry[what] * scale.get(entry["time_unit"], 1) for entry in entries)
+        return self.pick(entry[what] * scale.get(entry["time_unit"], 1) for entry in entries)
 
     def ratio(self, a, b):
         return self.of(a) / self.of(b)
@@ -110,8 +112,13 @@ def goal_text(goal, unit, sizes):
 
 
 def cell(run, size, unit, goal, measure):
+    run.pick = min
+    fastest = measure(run)
+    run.pick = statistics.median
     value = measure(run)
     text = number(value) + (f" {unit}" if unit == "us" else "")
+    if number(fastest) != number(value):
+        text += f" ({number(fastest)})"
     bound = goal(size)
     if bound and not (value >= bound[0] if bound[1] == ">=" else value <= bound[0]):
         return f"**{text} missed**", True

@@ -40,7 +40,7 @@ void write(JsonWriter& json, const Moment& value) {
 }
 
 void write(JsonWriter& json, const Identifier& value) {
-    std::array<char, 38> quoted;
+    std::array<char, 38> quoted{};
     quoted.front() = '"';
     value.write(quoted.data() + 1);
     quoted.back() = '"';
@@ -136,7 +136,7 @@ void write(JsonWriter& json, const T& value) {
 }
 
 std::array<std::uint8_t, 32> sha256(std::span<const std::uint8_t> bytes) {
-    std::array<std::uint8_t, 32> digest;
+    std::array<std::uint8_t, 32> digest{};
     unsigned int length = 0;
     if (EVP_Digest(bytes.data(), bytes.size(), digest.data(), &length, EVP_sha256(), nullptr) != 1 ||
         length != digest.size())

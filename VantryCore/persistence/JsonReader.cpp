@@ -265,15 +265,16 @@ using Members = simdjson::dom::object::iterator;
 template <Record T>
 std::uint32_t readInOrder(Members& next, const Members& end, T& out, const Place& place) {
     std::uint32_t seen = 0;
+    std::string_view key = next != end ? next.key() : std::string_view();
     const auto take = [&]<std::size_t I>(std::integral_constant<std::size_t, I>) {
         constexpr std::string_view name = sortedField<T, I>.name;
         // The size is a constant for the compiler, which makes the comparison a few instructions.
-        if (!(next != end) || next.key_length() != name.size() ||
-            std::memcmp(next.key_c_str(), name.data(), name.size()) != 0)
+        if (key.size() != name.size() || std::memcmp(key.data(), name.data(), name.size()) != 0)
             return;
         read(next.value(), out.*(sortedField<T, I>.member), place.at(name));
         seen |= 1U << I;
         ++next;
+        key = next != end ? next.key() : std::string_view();
     };
     [&]<std::size_t... I>(std::index_sequence<I...>) {
         (take(std::integral_constant<std::size_t, I>()), ...);

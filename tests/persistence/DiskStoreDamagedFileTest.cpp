@@ -24,6 +24,10 @@ struct Defect {
     bool decodes;  ///< well-formed, but against a rule
 };
 
+void PrintTo(const Defect& defect, std::ostream* out) {
+    *out << defect.name;
+}
+
 std::vector<Defect> defects() {
     const Library complete = support::completeLibrary();
     const std::string good = Codec::encode(complete);

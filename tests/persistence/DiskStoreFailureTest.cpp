@@ -26,6 +26,10 @@ struct Situation {
     FaultyFileOperations::Extent extent;
 };
 
+void PrintTo(const Situation& situation, std::ostream* out) {
+    *out << situation.name;
+}
+
 constexpr auto once = FaultyFileOperations::Extent::once;
 constexpr auto onwards = FaultyFileOperations::Extent::onwards;
 
