@@ -28,12 +28,7 @@ constexpr uint prefersLight = 2;
 DesktopAppearance::DesktopAppearance(QObject* parent)
     : QObject(parent)
     , paletteIsDark(Palette::isDark(QApplication::palette())) {
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (bus.isConnected()) {
-        bus.connect(service, object, settings, QStringLiteral("SettingChanged"), this,
-                    SLOT(onSettingChanged(QString, QString, QDBusVariant)));
-        ask();
-    }
+    ask();
     qApp->installEventFilter(this);
 }
 
@@ -43,6 +38,7 @@ void DesktopAppearance::ask() {
     auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
+        follow();
         const QDBusPendingReply<QVariant> reply = *watcher;
         if (reply.isError())
             return;
@@ -52,6 +48,11 @@ void DesktopAppearance::ask() {
             value = value.value<QDBusVariant>().variant();
         take(value.toUInt());
     });
+}
+
+void DesktopAppearance::follow() {
+    QDBusConnection::sessionBus().connect(service, object, settings, QStringLiteral("SettingChanged"), this,
+                                          SLOT(onSettingChanged(QString, QString, QDBusVariant)));
 }
 
 void DesktopAppearance::onSettingChanged(const QString& changedSpace, const QString& changedKey,

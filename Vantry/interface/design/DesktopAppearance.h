@@ -26,6 +26,9 @@ protected:
 
 private:
     void ask();
+    /// Listens for changes. Only once the bus has answered: on a connection that is still being made Qt takes
+    /// the wish and forgets it.
+    void follow();
     void take(uint colourScheme);
 
     std::optional<bool> announced;  ///< what the desktop said; nothing while it has no preference
