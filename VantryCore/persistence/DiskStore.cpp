@@ -109,10 +109,11 @@ FileContent readBeside(const fs::path& path, std::string_view known, bool hasKno
     return content;
 }
 
-Library decodeAndValidate(std::string& bytes) {
+/// The library in the bytes of a file, which `valid` knows from then on.
+Library decodeAndValidate(std::string& bytes, KnownValid& valid) {
     bytes.reserve(bytes.size() + readingPadding);
     auto library = decodePadded<Library>(bytes);
-    validate(library);
+    valid.accept(library);
     return library;
 }
 
@@ -174,9 +175,9 @@ Library DiskStore::read(const fs::path& file, SavedFile* known, FileOperations& 
     if (!isThere(file, disk))
         return {};
     std::string bytes = readBeside(file, {}, false, disk).bytes;
-    Library library = decodeAndValidate(bytes);
+    SavedFile learnt;
+    Library library = decodeAndValidate(bytes, learnt.valid);
     if (known != nullptr) {
-        SavedFile learnt;
         learnt.path = file;
         learnt.bytes = std::move(bytes);
         learnt.library = library;
@@ -189,10 +190,7 @@ void DiskStore::write(const Library& library, const fs::path& file, SavedFile* k
     SavedFile nobody;
     SavedFile& memory = known != nullptr ? *known : nobody;
     const bool knows = memory.knows(file);
-    if (knows)
-        validate(library, memory.library);
-    else
-        validate(library);
+    memory.valid.accept(library);
     const fs::path folder = folderOf(file);
     disk.createFolders(folder);
     AtomicFile::removeLeftovers(AtomicFile::resolved(file));
@@ -202,7 +200,7 @@ void DiskStore::write(const Library& library, const fs::path& file, SavedFile* k
     if (isThere(file, disk)) {
         old = readBeside(file, memory.bytes, knows, disk);
         if (!old->isKnown) {
-            Library onDisk = decodeAndValidate(old->bytes);
+            Library onDisk = decodeAndValidate(old->bytes, memory.valid);
             memory.path = file;
             memory.bytes = std::move(old->bytes);
             memory.library = std::move(onDisk);

@@ -1,12 +1,14 @@
 #include "VantryCore/persistence/LibraryValidation.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
-#include <absl/container/flat_hash_set.h>
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
 
 #include "VantryCore/persistence/VantryError.h"
+#include "VantryCore/records/Identifiers.h"
 
 namespace vantry {
 namespace {
@@ -15,8 +17,6 @@ constexpr std::size_t tooManyProjects = 10000;
 constexpr std::int64_t longestShotMinutes = 10080;
 constexpr std::int64_t mostStars = 5;
 constexpr int imageKeyLength = 64;
-
-using Identifiers = absl::flat_hash_set<Identifier, std::hash<Identifier>>;
 
 void demand(bool holds) {
     if (!holds)
@@ -98,87 +98,124 @@ void walkOwn(const Project& project, OnIdentifier&& identifier) {
     demand(project.createdAt.isFinite());
 }
 
-void reserveFor(const Library& library, Identifiers& seen) {
-    std::size_t count = 0;
-    for (const auto& project : library.projects) {
-        ++count;
-        for (const auto& act : project->acts) {
-            count += 1 + act->shots.size();
-            for (const auto& shot : act->shots)
-                count += shot->takes.size();
+/// What a library has beyond an earlier one and lacks of it, found by walking what differs. A record that
+/// changed its place may count as gone and come.
+struct Differences {
+    std::vector<Identifier> gone;
+    std::vector<Identifier> come;
+
+    void compare(const Library& now, const Library& before) {
+        checkRoot(now);
+        if (before.projects.empty())
+            reserveFor(now);
+        compareLists(now.projects, before.projects);
+    }
+
+private:
+    void reserveFor(const Library& library) {
+        std::size_t count = 0;
+        for (const auto& project : library.projects) {
+            ++count;
+            for (const auto& act : project->acts) {
+                count += 1 + act->shots.size();
+                for (const auto& shot : act->shots)
+                    count += shot->takes.size();
+            }
         }
+        come.reserve(count + count / 8);
     }
-    seen.reserve(count + count / 8);
-}
 
-/// Thrown inside this file when two libraries do not hold the same records in the same places.
-struct OtherRecords {};
-
-template <class T, class Visit>
-void walkDifferences(const NodeList<T>& now, const NodeList<T>& before, Visit&& visit) {
-    if (now.size() != before.size())
-        throw OtherRecords{};
-    for (std::size_t i = 0; i < now.size(); ++i) {
-        if (now[i].isSameAs(before[i]))
-            continue;
-        if (!(now[i]->id == before[i]->id))
-            throw OtherRecords{};
-        visit(*now[i], *before[i]);
+    template <class T>
+    void compareLists(const NodeList<T>& now, const NodeList<T>& before) {
+        const std::size_t shorter = std::min(now.size(), before.size());
+        std::size_t front = 0;
+        while (front < shorter && comparePair(now[front], before[front]))
+            ++front;
+        std::size_t back = 0;
+        while (back < shorter - front &&
+               comparePair(now[now.size() - 1 - back], before[before.size() - 1 - back]))
+            ++back;
+        for (std::size_t i = front; i < before.size() - back; ++i)
+            collect(*before[i]);
+        for (std::size_t i = front; i < now.size() - back; ++i)
+            checkAndCollect(*now[i]);
     }
-}
 
-/// Checks the values of what differs. As long as every identifier stands where it stood, all of them are
-/// still unique.
-void checkDifferences(const Library& library, const Library& valid) {
-    walkDifferences(library.projects, valid.projects, [](const Project& project, const Project& before) {
-        std::vector<Identifier> identifiers;
-        walkOwn(before, [&](const Identifier& id) { identifiers.push_back(id); });
-        std::size_t next = 0;
-        walkOwn(project, [&](const Identifier& id) {
-            if (next == identifiers.size() || !(identifiers[next++] == id))
-                throw OtherRecords{};
-        });
-        if (next != identifiers.size())
-            throw OtherRecords{};
-        walkDifferences(project.acts, before.acts, [](const Act& act, const Act& actBefore) {
-            walkDifferences(act.shots, actBefore.shots, [](const Shot& shot, const Shot& shotBefore) {
-                checkValues(shot);
-                walkDifferences(shot.takes, shotBefore.takes,
-                                [](const VantryTake& take, const VantryTake&) { checkValues(take); });
-            });
-        });
-    });
-}
+    /// Compares two states of one record; answers whether they are that.
+    template <class T>
+    bool comparePair(const Node<T>& now, const Node<T>& before) {
+        if (now.isSameAs(before))
+            return true;
+        if (!(now->id == before->id))
+            return false;
+        compareRecords(*now, *before);
+        return true;
+    }
+
+    void compareRecords(const Project& now, const Project& before) {
+        walkOwn(before, [this](const Identifier& id) { gone.push_back(id); });
+        walkOwn(now, [this](const Identifier& id) { come.push_back(id); });
+        compareLists(now.acts, before.acts);
+    }
+    void compareRecords(const Act& now, const Act& before) { compareLists(now.shots, before.shots); }
+    void compareRecords(const Shot& now, const Shot& before) {
+        checkValues(now);
+        compareLists(now.takes, before.takes);
+    }
+    void compareRecords(const VantryTake& now, const VantryTake&) { checkValues(now); }
+
+    template <class T>
+    void collect(const T& record) {
+        forEachIdentifier(record, [this](const Identifier& id) { gone.push_back(id); });
+    }
+
+    void checkAndCollect(const Project& project) {
+        walkOwn(project, [this](const Identifier& id) { come.push_back(id); });
+        for (const auto& act : project.acts)
+            checkAndCollect(*act);
+    }
+    void checkAndCollect(const Act& act) {
+        come.push_back(act.id);
+        for (const auto& shot : act.shots)
+            checkAndCollect(*shot);
+    }
+    void checkAndCollect(const Shot& shot) {
+        come.push_back(shot.id);
+        checkValues(shot);
+        for (const auto& take : shot.takes)
+            checkAndCollect(*take);
+    }
+    void checkAndCollect(const VantryTake& take) {
+        come.push_back(take.id);
+        checkValues(take);
+    }
+};
 
 }  // namespace
 
 void validate(const Library& library) {
-    checkRoot(library);
-    Identifiers seen;
-    reserveFor(library, seen);
-    const auto identifier = [&seen](const Identifier& id) { demand(seen.insert(id).second); };
-    for (const auto& project : library.projects) {
-        walkOwn(*project, identifier);
-        for (const auto& act : project->acts) {
-            identifier(act->id);
-            for (const auto& shot : act->shots) {
-                identifier(shot->id);
-                checkValues(*shot);
-                for (const auto& take : shot->takes) {
-                    identifier(take->id);
-                    checkValues(*take);
-                }
-            }
-        }
-    }
+    KnownValid().accept(library);
 }
 
-void validate(const Library& library, const Library& valid) {
-    checkRoot(library);
-    try {
-        checkDifferences(library, valid);
-    } catch (const OtherRecords&) {
-        validate(library);
+void KnownValid::accept(const Library& next) {
+    Differences differences;
+    differences.compare(next, valid);
+    Library accepted = next;
+    exchange(differences.gone, differences.come);
+    std::swap(valid, accepted);
+}
+
+void KnownValid::exchange(const std::vector<Identifier>& gone, const std::vector<Identifier>& come) {
+    identifiers.reserve(identifiers.size() + come.size());
+    for (const auto& id : gone)
+        identifiers.erase(id);
+    for (std::size_t i = 0; i < come.size(); ++i) {
+        if (identifiers.insert(come[i]).second)
+            continue;
+        for (std::size_t j = 0; j < i; ++j)
+            identifiers.erase(come[j]);
+        identifiers.insert(gone.begin(), gone.end());
+        throw VantryError(VantryError::Case::invalidBackup);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 
+#include "VantryCore/persistence/LibraryValidation.h"
 #include "VantryCore/records/Library.h"
 
 namespace vantry {
@@ -15,6 +16,7 @@ struct SavedFile {
     std::filesystem::path path;  ///< empty while nothing is known
     std::string bytes;
     Library library;
+    KnownValid valid;                ///< the library that was checked last, which need not be on the disk
     std::string spare;               ///< memory of the generation before, for the next encoding
     bool folderMayBeBehind = false;  ///< the last write could not sync the folder
 
