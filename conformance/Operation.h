@@ -17,6 +17,7 @@ struct NamedOperation {
 
 // One table for each subject. To support an operation, write its function and add a line to a table.
 [[nodiscard]] std::span<const NamedOperation> codecOperations();
+[[nodiscard]] std::span<const NamedOperation> exchangeOperations();
 [[nodiscard]] std::span<const NamedOperation> gateOperations();
 [[nodiscard]] std::span<const NamedOperation> parametersOperations();
 [[nodiscard]] std::span<const NamedOperation> peopleOperations();

@@ -11,6 +11,7 @@
 #include "VantryCore/persistence/Base64.h"
 #include "VantryCore/persistence/JsonWriter.h"
 #include "VantryCore/persistence/RecordTable.h"
+#include "VantryCore/persistence/VantryBackup.h"
 #include "VantryCore/records/Library.h"
 
 namespace vantry {
@@ -65,6 +66,21 @@ void write(JsonWriter& json, const TextMap& value) {
         json.text(key.utf8());
         json.raw(':');
         json.text(text.utf8());
+        before = ',';
+    }
+    json.raw(before == '{' ? std::string_view("{}") : std::string_view("}"));
+}
+
+void write(JsonWriter& json, const Media& value) {
+    char before = '{';
+    std::string text;
+    for (const auto& [key, bytes] : value) {
+        json.raw(before);
+        json.text(key);
+        json.raw(':');
+        text.clear();
+        appendBase64(text, bytes);
+        json.text(text);
         before = ',';
     }
     json.raw(before == '{' ? std::string_view("{}") : std::string_view("}"));
@@ -201,5 +217,7 @@ template std::string Codec::encode(const CastMember&);
 template std::string Codec::encode(const CallSheet&);
 template std::string Codec::encode(const CallSheetPerson&);
 template std::string Codec::encode(const RelatedFile&);
+template void Codec::encode(const VantryBackup&, std::string&);
+template std::string Codec::encode(const VantryBackup&);
 
 }  // namespace vantry

@@ -12,46 +12,22 @@
 #include <utility>
 #include <vector>
 
-#include <simdjson.h>
-
 #include "VantryCore/persistence/Base64.h"
+#include "VantryCore/persistence/JsonDocument.h"
 #include "VantryCore/persistence/RecordTable.h"
-#include "VantryCore/persistence/VantryError.h"
+#include "VantryCore/persistence/VantryBackup.h"
 #include "VantryCore/records/Library.h"
 
 namespace vantry {
 namespace {
 
+using json::fail;
+using json::failRepeatedKey;
+using json::Place;
+using json::quoted;
+using json::refuseRepeatedKeys;
 using simdjson::dom::element;
 using simdjson::dom::element_type;
-
-static_assert(readingPadding >= simdjson::SIMDJSON_PADDING);
-
-/// Where in the document a value stands, as a chain from the value outwards. Lives on the stack.
-struct Place {
-    const Place* outer = nullptr;
-    std::string_view key;
-    std::size_t index = 0;
-
-    [[nodiscard]] std::string text() const {
-        if (outer == nullptr)
-            return {};
-        std::string path = outer->text();
-        if (key.data() == nullptr)
-            return path + "[" + std::to_string(index) + "]";
-        return path.empty() ? std::string(key) : path + "." + std::string(key);
-    }
-    [[nodiscard]] Place at(std::string_view name) const { return {this, name, 0}; }
-    [[nodiscard]] Place at(std::size_t position) const { return {this, {}, position}; }
-};
-
-[[noreturn]] void fail(const Place& place, const std::string& reason) {
-    throw DecodingError(place.text(), reason);
-}
-
-std::string quoted(std::string_view text) {
-    return "\"" + std::string(text) + "\"";
-}
 
 std::string_view kindOf(const element& value) {
     switch (value.type()) {
@@ -72,10 +48,6 @@ std::string_view kindOf(const element& value) {
 
 [[noreturn]] void failKind(const Place& place, std::string_view expected, const element& value) {
     fail(place, "expected " + std::string(expected) + ", found " + std::string(kindOf(value)));
-}
-
-[[noreturn]] void failRepeatedKey(const Place& place, std::string_view key) {
-    fail(place, "the key " + quoted(key) + " stands twice");
 }
 
 /// Looks through a part that no record knows, for keys that stand twice.
@@ -177,15 +149,6 @@ void read(const element& value, Bytes& out, const Place& place) {
     out = std::move(*bytes);
 }
 
-void refuseRepeatedKeys(const simdjson::dom::object& object, const Place& place) {
-    std::vector<std::string_view> keys;
-    for (const auto& member : object)
-        keys.push_back(member.key);
-    std::sort(keys.begin(), keys.end());
-    if (const auto twice = std::adjacent_find(keys.begin(), keys.end()); twice != keys.end())
-        failRepeatedKey(place, *twice);
-}
-
 void read(const element& value, TextMap& out, const Place& place) {
     simdjson::dom::object object;
     if (value.get(object) != simdjson::SUCCESS)
@@ -200,6 +163,19 @@ void read(const element& value, TextMap& out, const Place& place) {
     // Equivalent keys become one, which is no failure unless they are the very same.
     if (out.size() != count)
         refuseRepeatedKeys(object, place);
+}
+
+void read(const element& value, Media& out, const Place& place) {
+    simdjson::dom::object object;
+    if (value.get(object) != simdjson::SUCCESS)
+        failKind(place, "an object", value);
+    out.clear();
+    for (const auto& [key, item] : object) {
+        const auto [entry, isNew] = out.try_emplace(std::string(key));
+        if (!isNew)
+            failRepeatedKey(place, key);
+        read(item, entry->second, place.at(key));
+    }
 }
 
 template <Record T>
@@ -328,16 +304,9 @@ void read(const element& value, T& out, const Place& place) {
 
 template <class Value>
 Value decodePadded(std::string_view json) {
-    simdjson::dom::parser parser;
-    if (const auto error = parser.allocate(std::max<std::size_t>(json.size(), 1), deepestNesting);
-        error != simdjson::SUCCESS)
-        throw DecodingError({}, std::string("too large to read: ") + simdjson::error_message(error));
-    element root;
-    if (const auto error = parser.parse(json.data(), json.size(), false).get(root);
-        error != simdjson::SUCCESS)
-        throw DecodingError({}, std::string("not valid JSON: ") + simdjson::error_message(error));
+    const json::Document document(json);
     Value value;
-    read(root, value, Place{});
+    read(document.root(), value, Place{});
     return value;
 }
 
@@ -354,5 +323,6 @@ template CastMember decodePadded<CastMember>(std::string_view);
 template CallSheet decodePadded<CallSheet>(std::string_view);
 template CallSheetPerson decodePadded<CallSheetPerson>(std::string_view);
 template RelatedFile decodePadded<RelatedFile>(std::string_view);
+template VantryBackup decodePadded<VantryBackup>(std::string_view);
 
 }  // namespace vantry
