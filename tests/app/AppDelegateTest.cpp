@@ -2,10 +2,40 @@
 
 #include <csignal>
 
-#include <QCoreApplication>
 #include <QEventLoop>
+#include <QGuiApplication>
+#include <QSessionManager>
 
 #include "Vantry/app/AppDelegate.h"
+
+namespace vantry::test {
+namespace {
+
+/// The desktop at the end of its session: what it allows, and what it was told.
+struct Desktop {
+    bool allowsInteraction = true;
+    bool released = false;
+    bool cancelled = false;
+};
+
+Desktop desktop;
+
+}  // namespace
+}  // namespace vantry::test
+
+// Without a display there is no session to end. In this program these definitions stand before Qt's own.
+
+bool QSessionManager::allowsInteraction() {
+    return vantry::test::desktop.allowsInteraction;
+}
+
+void QSessionManager::release() {
+    vantry::test::desktop.released = true;
+}
+
+void QSessionManager::cancel() {
+    vantry::test::desktop.cancelled = true;
+}
 
 namespace vantry::test {
 namespace {
@@ -168,6 +198,109 @@ TEST_P(EndingSignalTest, EndsAnOpenQuestionToo) {
     QMetaObject::invokeMethod(
         qApp, [&] { (void)delegate.shouldTerminate(); }, Qt::QueuedConnection);
     EXPECT_EQ(QCoreApplication::exec(), 1) << "something was lost, and the status says so";
+}
+
+class SessionEndTest : public AppDelegateTest {
+protected:
+    void SetUp() override { desktop = {}; }
+    /// What Qt does when the desktop's session is about to end.
+    static void endSession() {
+        auto* session = qApp->findChild<QSessionManager*>();
+        ASSERT_NE(session, nullptr);
+        emit qApp->commitDataRequest(*session);
+    }
+};
+
+TEST_F(SessionEndTest, EndsWhenThereIsNothingToSave) {
+    AppDelegate delegate(question());
+    delegate.watchSystem();
+    endSession();
+    EXPECT_FALSE(desktop.cancelled);
+    EXPECT_TRUE(reasons.empty());
+}
+
+TEST_F(SessionEndTest, SavesWhatWasTypedAndAsksNothing) {
+    AppDelegate delegate(question());
+    const auto store = open();
+    delegate.setStore(*store);
+    delegate.watchSystem();
+    makeTake(*store);
+    for (const bool allowsInteraction : {true, false}) {
+        desktop.allowsInteraction = allowsInteraction;
+        const Text notes = allowsInteraction ? "with time for a question" : "without";
+        type(*store, notes);
+        endSession();
+        EXPECT_EQ(notesOnDisk(), notes);
+    }
+    EXPECT_FALSE(desktop.cancelled);
+    EXPECT_TRUE(reasons.empty());
+}
+
+TEST_F(SessionEndTest, GoesOnWhenTheSaveFailedAndThePersonGoesBack) {
+    put(root(), "in the way");
+    AppDelegate delegate(question());
+    const auto store = open();
+    delegate.setStore(*store);
+    delegate.watchSystem();
+    makeTake(*store);
+    type(*store, "kept");
+    endSession();
+    EXPECT_TRUE(desktop.cancelled);
+    EXPECT_TRUE(desktop.released) << "others wait for their own questions";
+    ASSERT_EQ(reasons.size(), 1U);
+    EXPECT_EQ(reasons[0], *store->error());
+
+    desktop = {};
+    fs::remove(root());
+    endSession();
+    EXPECT_FALSE(desktop.cancelled);
+    EXPECT_EQ(notesOnDisk(), Text("kept"));
+    EXPECT_EQ(reasons.size(), 1U);
+}
+
+TEST_F(SessionEndTest, EndsWhenTheSaveFailedAndThePersonQuits) {
+    put(root(), "in the way");
+    AppDelegate delegate(question());
+    const auto store = open();
+    delegate.setStore(*store);
+    delegate.watchSystem();
+    makeTake(*store);
+    quits = true;
+    endSession();
+    EXPECT_FALSE(desktop.cancelled);
+    EXPECT_TRUE(desktop.released);
+    EXPECT_TRUE(delegate.shouldTerminate()) << "the answer holds for the rest of the way out";
+    EXPECT_EQ(reasons.size(), 1U);
+}
+
+TEST_F(SessionEndTest, AsksNothingWhereTheDesktopAllowsNoQuestion) {
+    put(root(), "in the way");
+    AppDelegate delegate(question());
+    const auto store = open();
+    delegate.setStore(*store);
+    delegate.watchSystem();
+    makeTake(*store);
+    store->setError(std::nullopt);
+    desktop.allowsInteraction = false;
+    endSession();
+    EXPECT_TRUE(store->saveFailed());
+    EXPECT_TRUE(store->error()) << "it tried to save";
+    EXPECT_TRUE(reasons.empty());
+    EXPECT_FALSE(desktop.cancelled);
+    EXPECT_FALSE(delegate.shouldTerminate()) << "nobody has been asked yet";
+}
+
+TEST_F(SessionEndTest, GoesOnBehindAnOpenQuestion) {
+    put(root(), "in the way");
+    AppDelegate delegate(question());
+    const auto store = open();
+    delegate.setStore(*store);
+    delegate.watchSystem();
+    makeTake(*store);
+    whileAsking = [] { endSession(); };
+    EXPECT_FALSE(delegate.shouldTerminate());
+    EXPECT_TRUE(desktop.cancelled);
+    EXPECT_EQ(reasons.size(), 1U);
 }
 
 INSTANTIATE_TEST_SUITE_P(Signals, EndingSignalTest, testing::Values(SIGTERM, SIGINT, SIGHUP));
