@@ -21,8 +21,8 @@ std::string temporaryBeginning(const fs::path& file) {
     return "." + file.filename().string() + ".";
 }
 
-/// Whether a name is one of those that `temporaryName` gives, random part included: a person's own
-/// ".library.json.backup.tmp" is none.
+/// Whether a name is one of those that `temporaryName` gives for a file whose temporary names begin so,
+/// random part included: a person's own ".library.json.backup.tmp" is none.
 bool isTemporaryName(std::string_view name, std::string_view beginning) {
     static const std::string model = freshNamePart();
     if (name.size() != beginning.size() + model.size() + temporaryEnding.size() ||
@@ -32,6 +32,29 @@ bool isTemporaryName(std::string_view name, std::string_view beginning) {
     return std::equal(random.begin(), random.end(), model.begin(), [](char c, char like) {
         return like == '-' ? c == '-' : (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F');
     });
+}
+
+/// Removes the entry of a folder unless a living process writes it.
+void removeIfLeft(const fs::path& path) {
+    const int left = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (left == -1)
+        return;
+    if (::flock(left, LOCK_EX | LOCK_NB) == 0)
+        ::unlink(path.c_str());
+    ::close(left);
+}
+
+/// Removes the leftovers among the entries whose name `isOurs` accepts. A folder that cannot be listed keeps
+/// them; the write itself will tell what is wrong.
+template <class IsOurs>
+void removeLeftoversIn(const fs::path& folder, IsOurs isOurs) noexcept {
+    try {
+        for (const auto& entry : fs::directory_iterator(folder))
+            if (isOurs(entry.path().filename().string()))
+                removeIfLeft(entry.path());
+    } catch (const std::exception&) {
+        return;
+    }
 }
 
 /// The permissions that the process gives to a new file. There is no way to ask without setting; the call
@@ -125,22 +148,17 @@ FileIdentity AtomicFile::writeHere(const fs::path& file, std::string_view bytes,
 }
 
 void AtomicFile::removeLeftovers(const fs::path& file) noexcept {
-    try {
-        const std::string beginning = temporaryBeginning(file);
-        for (const auto& entry : fs::directory_iterator(folderOf(file))) {
-            const std::string name = entry.path().filename().string();
-            if (!isTemporaryName(name, beginning))
-                continue;
-            const int left = ::open(entry.path().c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
-            if (left == -1)
-                continue;
-            if (::flock(left, LOCK_EX | LOCK_NB) == 0)
-                ::unlink(entry.path().c_str());
-            ::close(left);
-        }
-    } catch (const std::exception&) {
-        // A folder that cannot be listed keeps its leftovers; the save itself will tell what is wrong.
-    }
+    removeLeftoversIn(folderOf(file), [&file](const std::string& name) {
+        return isTemporaryName(name, temporaryBeginning(file));
+    });
+}
+
+void AtomicFile::removeAllLeftovers(const fs::path& folder) noexcept {
+    removeLeftoversIn(folder, [](const std::string& name) {
+        const std::size_t size = temporaryEnding.size() + freshNamePart().size();
+        return name.size() > size && name.starts_with('.') &&
+               isTemporaryName(name, std::string_view(name).substr(0, name.size() - size));
+    });
 }
 
 }  // namespace vantry

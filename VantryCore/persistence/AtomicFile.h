@@ -27,6 +27,8 @@ struct AtomicFile {
     [[nodiscard]] static std::filesystem::path temporaryName(const std::filesystem::path& file);
     /// Removes the temporary files beside `file` that no living process writes any more, and no other files.
     static void removeLeftovers(const std::filesystem::path& file) noexcept;
+    /// The same for the temporary files of whatever file in a folder that is ours alone.
+    static void removeAllLeftovers(const std::filesystem::path& folder) noexcept;
     /// Where `file` leads when it is a symbolic link, which need not exist; `file` itself otherwise.
     [[nodiscard]] static std::filesystem::path resolved(const std::filesystem::path& file);
 };

@@ -15,53 +15,12 @@
 #include "VantryCore/persistence/AtomicFile.h"
 #include "VantryCore/persistence/Codec.h"
 #include "VantryCore/persistence/LibraryValidation.h"
+#include "VantryCore/persistence/OpenFile.h"
 
 namespace vantry {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::size_t chunkSize = 1U << 18;
-
-/// A file that is open for reading.
-class OpenFile {
-public:
-    OpenFile(const fs::path& name, FileOperations& operations)
-        : path(name)
-        , disk(operations)
-        , file(operations.openForReading(name)) {}
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
-    ~OpenFile() { ::close(file); }
-
-    [[nodiscard]] std::size_t read(char* buffer, std::size_t size) {
-        return disk.read(file, buffer, size, path);
-    }
-    [[nodiscard]] FileStatus status() const {
-        struct stat info {};
-        if (::fstat(file, &info) != 0)
-            throw std::system_error(errno, std::generic_category(), path.string());
-        return {{info.st_dev, info.st_ino}, static_cast<std::uint64_t>(info.st_size), info.st_mode};
-    }
-
-private:
-    const fs::path& path;
-    FileOperations& disk;
-    int file;
-};
-
-/// Reads what is left of the file behind what `bytes` holds, with room for decoding in place.
-void readRest(OpenFile& file, std::uint64_t expectedSize, std::string& bytes) {
-    bytes.reserve(std::max<std::size_t>(expectedSize, bytes.size()) + chunkSize + readingPadding);
-    while (true) {
-        const std::size_t before = bytes.size();
-        bytes.resize(before + chunkSize);
-        const std::size_t count = file.read(bytes.data() + before, chunkSize);
-        bytes.resize(before + count);
-        if (count == 0)
-            return;
-    }
-}
 
 struct FileContent {
     std::string bytes;      ///< empty when they are those that were known
@@ -69,14 +28,6 @@ struct FileContent {
     FileIdentity identity;  ///< of the file that was read
     mode_t mode = 0;
 };
-
-/// Whether there is something to read. A pipe or a device would keep the program waiting, so it is refused.
-bool isThere(const fs::path& file, FileOperations& disk) {
-    const auto status = disk.status(file);
-    if (status && !status->isRegularFile() && !S_ISDIR(status->mode))
-        throw std::system_error(EINVAL, std::generic_category(), file.string());
-    return status.has_value();
-}
 
 /// Reads the file in chunks beside the known bytes. Only a file that differs is kept in memory.
 FileContent readBeside(const fs::path& path, std::string_view known, bool hasKnown, FileOperations& disk) {
@@ -86,7 +37,7 @@ FileContent readBeside(const fs::path& path, std::string_view known, bool hasKno
     content.identity = status.identity;
     content.mode = status.mode;
     if (hasKnown && status.size == known.size()) {
-        std::vector<char> chunk(chunkSize);
+        std::vector<char> chunk(OpenFile::chunkSize);
         std::size_t at = 0;
         while (true) {
             const std::size_t count = file.read(chunk.data(), chunk.size());
@@ -105,7 +56,7 @@ FileContent readBeside(const fs::path& path, std::string_view known, bool hasKno
             at += count;
         }
     }
-    readRest(file, status.size, content.bytes);
+    file.readRest(content.bytes, status.size);
     return content;
 }
 
@@ -172,7 +123,7 @@ fs::path DiskStore::previousOf(const fs::path& file) {
 Library DiskStore::read(const fs::path& file, SavedFile* known, FileOperations& disk) {
     if (known != nullptr)
         known->forget();
-    if (!isThere(file, disk))
+    if (!isReadable(file, disk))
         return {};
     std::string bytes = readBeside(file, {}, false, disk).bytes;
     SavedFile learnt;
@@ -197,7 +148,7 @@ void DiskStore::write(const Library& library, const fs::path& file, SavedFile* k
     AtomicFile::removeLeftovers(previousOf(file));
 
     std::optional<FileContent> old;
-    if (isThere(file, disk)) {
+    if (isReadable(file, disk)) {
         old = readBeside(file, memory.bytes, knows, disk);
         if (!old->isKnown) {
             Library onDisk = decodeAndValidate(old->bytes, memory.valid);
