@@ -7,6 +7,7 @@
 namespace vantry {
 
 class Clock;
+class FilePanels;
 class KeyEvents;
 class Preferences;
 
@@ -17,6 +18,7 @@ struct Surroundings {
     Preferences* preferences = nullptr;  ///< null: none are stored, choices last for this run
     KeyEvents* keys = nullptr;           ///< null: no key is ever held
     FileOperations* disk = nullptr;      ///< null: the system's
+    FilePanels* panels = nullptr;        ///< null: nobody is there to choose a file
     std::function<double()>
         doubleClickSeconds;  ///< the desktop's double-click interval; empty: half a second
 };

@@ -5,13 +5,19 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
+#include <QImage>
 #include <QObject>
+#include <QSize>
 
 #include "Vantry/app/Clock.h"
 #include "Vantry/app/Observed.h"
+#include "Vantry/app/StoryboardImages.h"
 #include "Vantry/app/Surroundings.h"
 #include "Vantry/app/VantryCreationGate.h"
+#include "VantryCore/persistence/Merge.h"
 #include "VantryCore/persistence/SavedFile.h"
 #include "VantryCore/records/Library.h"
 
@@ -37,7 +43,8 @@ public:
         savedAt,
         saveFailed,
         loadFailed,
-        checkpoint
+        checkpoint,
+        undoHistory
     };
     Q_ENUM(Member)
 
@@ -105,8 +112,31 @@ public:
     /// Asked in front of every creation; false means: do nothing and show nothing.
     [[nodiscard]] bool acceptCreation(const VantryCreationAction& action);
 
+    // Structural undo: takes back one change and nothing that was written later.
+
     /// Remembers the library as it is before a structural change; first step of each.
     void markCheckpoint();
+    [[nodiscard]] bool canUndo() const;
+    /// Takes the newest structural change back and saves at once. A failure goes to `error` and changes
+    /// nothing; the same undo can be tried again.
+    void undo();
+
+    // Exchange with another machine. Each call lasts until the person has answered the panel.
+
+    /// Saves, then writes the library with its images to a file that the person chooses.
+    void exportBackup();
+    /// Merges a backup that the person chooses; tells in `notice` what it did.
+    void importBackup();
+    /// Merges the backup in the bytes of a file into the library in memory, unsaved text included. The disk
+    /// holds the merged library before memory changes; then it is one structural change, saved. Throws what
+    /// failed; the library, on disk and in memory, is then what it was.
+    MergeReport mergeBackupData(std::string file);
+
+    /// Brings an image that the person chooses into the shot.
+    void importImage(const Identifier& projectID, const Identifier& actID, const Identifier& shotID);
+    /// The image of that key, no larger than `bound` and not enlarged; a null image when there is no key, no
+    /// file or no image in it.
+    [[nodiscard]] QImage image(const std::optional<Text>& key, const QSize& bound);
 
     /// Saves 0.35 s from now, unless called again before.
     void saveSoon();
@@ -118,8 +148,17 @@ signals:
     void changed(vantry::VantryStore::Member member);
 
 private:
+    /// The library around one structural change.
+    struct UndoEntry {
+        Library before;
+        Library after;
+    };
+
     void load();
     void commitCheckpoint();
+    void nowSaved();
+    void writeBackup(const std::filesystem::path& file);
+    void report(const std::exception& failure);
     [[nodiscard]] std::function<void()> notifier(Member member);
     [[nodiscard]] bool libraryFileExists() const;
 
@@ -137,7 +176,9 @@ private:
     std::unique_ptr<DelayedCall> saveTask;
     Observed<Library> savedLibrary_;
     std::optional<Text> saveError;
+    std::vector<UndoEntry> undoHistory;  ///< oldest first
     Observed<std::optional<Library>> pendingCheckpoint_;
+    StoryboardImages images;
     SavedFile savedFile;
 };
 

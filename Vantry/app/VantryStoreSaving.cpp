@@ -52,24 +52,17 @@ bool VantryStore::flush() {
         error_.set(description);
         return false;
     }
+    nowSaved();
+    return true;
+}
+
+void VantryStore::nowSaved() {
     savedLibrary_.set(library());
     savedAt_.set(around_.clock->now());
     saveFailed_.set(false);
     if (*error_ == saveError)
         error_.set(std::nullopt);
     saveError.reset();
-    return true;
-}
-
-void VantryStore::markCheckpoint() {
-    if (loadFailed())
-        return;
-    commitCheckpoint();
-    pendingCheckpoint_.set(library());
-}
-
-void VantryStore::commitCheckpoint() {
-    pendingCheckpoint_.set(std::nullopt);
 }
 
 }  // namespace vantry
