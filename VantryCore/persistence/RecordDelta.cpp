@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "VantryCore/persistence/Codec.h"
@@ -64,8 +65,10 @@ void revertMap(const TextMap& before, const TextMap& after, TextMap& current) {
         const Text* became = after.find(key.utf8());
         if (was == nullptr && became != nullptr && is == *became)
             continue;
-        const bool undone = was != nullptr && became != nullptr && is == *became;
-        result.emplace_back(key, undone ? *was : is);
+        Text value = is;
+        if (was != nullptr && became != nullptr)
+            revert(*was, *became, value);
+        result.emplace_back(key, std::move(value));
     }
     for (const auto& [key, was] : before)
         if (after.find(key.utf8()) == nullptr && current.find(key.utf8()) == nullptr)

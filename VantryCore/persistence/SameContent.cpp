@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "VantryCore/persistence/Codec.h"
@@ -33,11 +34,16 @@ bool same(const std::vector<T>& a, const std::vector<T>& b);
 template <class T>
 bool same(const std::optional<T>& a, const std::optional<T>& b);
 
-/// In a map that a person fills, too, these keys count as identity.
+/// In a map that a person fills, too, these keys count as identity, however they are spelled.
+bool isIdentity(const Text& key) {
+    return std::any_of(identityKeys.begin(), identityKeys.end(),
+                       [&](std::string_view name) { return canonicallyEquivalent(key.utf8(), name); });
+}
+
 TextMap content(const TextMap& map) {
     std::vector<TextMap::Entry> entries;
     for (const auto& entry : map)
-        if (!isIdentity(entry.first.utf8()))
+        if (!isIdentity(entry.first))
             entries.push_back(entry);
     return TextMap(std::move(entries));
 }
