@@ -4,6 +4,7 @@
 #include <limits>
 
 #include <QInputMethodEvent>
+#include <QScopedValueRollback>
 #include <QVBoxLayout>
 
 #include "Vantry/interface/design/Label.h"
@@ -21,7 +22,8 @@ LineField::LineField(QWidget* parent)
     // Qt keeps two points of its own on either side.
     constexpr int margin = Metrics::paddingField - 2;
     setTextMargins(margin, 0, margin, 0);
-    connect(this, &QLineEdit::textEdited, this, &LineField::publish);
+    // Not textEdited alone: dictation and other assistive tools set the text without any key.
+    connect(this, &QLineEdit::textChanged, this, &LineField::publish);
 }
 
 void LineField::setBinding(TextBinding target) {
@@ -41,7 +43,10 @@ void LineField::synchronize() {
     const int caret = cursorPosition();
     const int selection = selectionStart();
     const int selected = static_cast<int>(selectedText().size());
-    setText(base);
+    {
+        const QScopedValueRollback guard(synchronizing, true);
+        setText(base);
+    }
     const int end = static_cast<int>(base.size());
     if (selection >= 0)
         setSelection(std::min(selection, end), std::min(selected, end - std::min(selection, end)));
@@ -55,6 +60,8 @@ void LineField::inputMethodEvent(QInputMethodEvent* event) {
 }
 
 void LineField::publish() {
+    if (synchronizing)
+        return;
     const auto stored = binding.read ? binding.read() : std::nullopt;
     if (!stored || !binding.write || text() == base)
         return;

@@ -9,8 +9,9 @@ namespace vantry {
 
 class Label;
 
-/// A field for one line. It writes only what the person typed, and shows a text with line ends without
-/// changing it. It reads and writes through its binding; without one it is a plain field.
+/// A field for one line. It writes only what the person entered, by keys or through an assistive tool, and
+/// shows a text with line ends without changing it. It reads and writes through its binding; without one it
+/// is a plain field.
 class LineField final : public QLineEdit {
     Q_OBJECT
 
@@ -36,6 +37,7 @@ private:
     TextBinding binding;
     QString base;  ///< the bound text as this field last showed or wrote it
     bool composing = false;
+    bool synchronizing = false;
 };
 
 /// A field under its caption; the caption is also its accessible name.

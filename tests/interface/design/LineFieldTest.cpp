@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QInputMethodEvent>
 #include <QTest>
 
@@ -36,6 +37,19 @@ TEST_F(LineFieldTest, PublishesWhatIsTyped) {
     QTest::keyClick(&field, Qt::Key_End);
     QTest::keyClicks(&field, QStringLiteral(" Ferry"));
     EXPECT_EQ(stored, QStringLiteral("Night Ferry"));
+}
+
+TEST_F(LineFieldTest, PublishesWhatAnAssistiveToolEnters) {
+    bind(QStringLiteral("Night"));
+    QAccessibleEditableTextInterface* tool =
+        QAccessible::queryAccessibleInterface(&field)->editableTextInterface();
+    ASSERT_NE(tool, nullptr);
+    tool->insertText(5, QStringLiteral(" Ferry"));
+    EXPECT_EQ(stored, QStringLiteral("Night Ferry"));
+    tool->replaceText(0, 5, QStringLiteral("Day"));
+    EXPECT_EQ(stored, QStringLiteral("Day Ferry"));
+    tool->deleteText(3, 9);
+    EXPECT_EQ(stored, QStringLiteral("Day"));
 }
 
 TEST_F(LineFieldTest, ATextWithLineEndsIsNotTouched) {
