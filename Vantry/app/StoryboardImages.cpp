@@ -13,7 +13,7 @@ namespace vantry {
 namespace {
 
 /// In kilobytes: some twenty images as large as a screen.
-constexpr qsizetype memoryBound = 128 * 1024;
+constexpr qsizetype memoryBound = qsizetype{128} * 1024;
 
 bool isSameFile(const FileStatus& a, const FileStatus& b) {
     return a.identity == b.identity && a.size == b.size;
@@ -51,7 +51,7 @@ QImage StoryboardImages::image(const std::string& key, const QSize& bound) {
 std::string StoryboardImages::import(std::string_view bytes, FileOperations& disk) {
     if (!isImage(bytes))
         throw VantryError(VantryError::Case::invalidBackup);
-    const std::string key = Codec::hash(bytes);
+    std::string key = Codec::hash(bytes);
     MediaFolder media(folder, disk);
     media.create();
     media.store(key, std::span(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()));

@@ -157,7 +157,7 @@ private:
     void load();
     void commitCheckpoint();
     void nowSaved();
-    void writeBackup(const std::filesystem::path& file);
+    void writeBackup(const std::filesystem::path& file) const;
     void report(const std::exception& failure);
     [[nodiscard]] std::function<void()> notifier(Member member);
     [[nodiscard]] bool libraryFileExists() const;

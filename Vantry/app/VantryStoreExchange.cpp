@@ -74,7 +74,7 @@ void VantryStore::exportBackup() {
                           : Text("备份已导出，包含分镜图片。"));
 }
 
-void VantryStore::writeBackup(const std::filesystem::path& file) {
+void VantryStore::writeBackup(const std::filesystem::path& file) const {
     const std::string bytes = backupOf(library(), MediaFolder(root(), *around_.disk));
     // Nothing leaves that could not come back.
     (void)VantryBackup::decodePadded(bytes);

@@ -190,7 +190,9 @@ public:
     void step() {
         switch (random.number(0, 15)) {
         case 0:
-            inBoth([](const fs::path& file, std::string bytes) { support::putContent(file, bytes + " "); });
+            inBoth([](const fs::path& file, const std::string& bytes) {
+                support::putContent(file, bytes + " ");
+            });
             break;
         case 1:
             inBoth([](const fs::path& file, const std::string& bytes) {

@@ -254,7 +254,7 @@ public:
     }
 
 private:
-    static constexpr std::int64_t reach = 52 * 3600;
+    static constexpr std::int64_t reach = std::int64_t{52} * 3600;
     const Zone& clock;
     std::int64_t around;
     std::vector<std::int64_t> offsets;

@@ -23,8 +23,8 @@ QStringList linesOf(const Model& model, const QModelIndex& parent = {}, int leve
     QStringList lines;
     for (int row = 0; row < model.rowCount(parent); ++row) {
         const QModelIndex index = model.index(row, 0, parent);
-        lines.append(QString(level * 2, QLatin1Char(' ')) + index.data().toString() + QStringLiteral(" | ") +
-                     index.data(Model::detailRole).toString());
+        lines.append(QString(qsizetype{2} * level, QLatin1Char(' ')) + index.data().toString() +
+                     QStringLiteral(" | ") + index.data(Model::detailRole).toString());
         lines += linesOf(model, index, level + 1);
     }
     return lines;
@@ -73,7 +73,7 @@ protected:
 
 TEST_F(LibraryTreeModelTest, AnEmptyLibraryHasNoRows) {
     refresh();
-    EXPECT_EQ(model.rowCount(), 0);
+    EXPECT_EQ(model.rowCount({}), 0);
 }
 
 TEST_F(LibraryTreeModelTest, RowsSayWhatTheyStandFor) {
@@ -98,7 +98,7 @@ TEST_F(LibraryTreeModelTest, RowsSayWhatTheyStandFor) {
               (QStringList{"Tom & Jerry <b> | 导演：Mei · 保留版本", "  One | 1 镜 · 1 完成 / 0 未完",
                            "    1 Window | 1 Take · 4★ · ✓", "      Take 1 | Good · 4★", "      新 Take | ",
                            "    2 Window | 1 Take · 0★", "      Take 1 | NG · 0★", "      新 Take | "}));
-    const QModelIndex act = model.index(0, 0, model.index(0, 0));
+    const QModelIndex act = model.index(0, 0, model.index(0, 0, {}));
     EXPECT_EQ(model.index(0, 0, act).data(Model::glyphRole).toInt(), static_cast<int>(Glyph::camera));
     const QModelIndex roomTone = model.index(1, 0, act);
     EXPECT_EQ(roomTone.data(Model::glyphRole).toInt(), static_cast<int>(Glyph::waveform));
@@ -115,7 +115,7 @@ TEST_F(LibraryTreeModelTest, ATakeWithoutAVerdictShowsADash) {
 TEST_F(LibraryTreeModelTest, RowsSpeakTheirTitleAndDetail) {
     makeLibrary();
     refresh();
-    const QModelIndex project = model.index(0, 0);
+    const QModelIndex project = model.index(0, 0, {});
     EXPECT_EQ(project.data(Qt::AccessibleTextRole), project.data());
     EXPECT_EQ(project.data(Qt::AccessibleDescriptionRole), project.data(Model::detailRole));
     EXPECT_TRUE(project.data(Qt::ToolTipRole)
