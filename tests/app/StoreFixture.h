@@ -2,8 +2,10 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,6 +14,7 @@
 
 #include <QTemporaryDir>
 
+#include "Vantry/app/FilePanels.h"
 #include "Vantry/app/KeyEvents.h"
 #include "Vantry/app/Preferences.h"
 #include "Vantry/app/VantryStore.h"
@@ -68,6 +71,31 @@ public:
     bool held = false;
 };
 
+/// A person who answers each chooser of files at once.
+class FakePanels final : public FilePanels {
+public:
+    std::optional<fs::path> open(Content content, bool) override { return choose(content, {}); }
+    std::optional<fs::path> save(Content content, const std::string& suggestedName, bool) override {
+        return choose(content, suggestedName);
+    }
+
+    std::optional<fs::path> answer;   ///< what is chosen; nothing: cancelled
+    std::function<void()> meanwhile;  ///< what happens while a panel is open
+    int asked = 0;
+    std::optional<Content> lastContent;
+    std::string lastName;
+
+private:
+    std::optional<fs::path> choose(Content content, const std::string& name) {
+        ++asked;
+        lastContent = content;
+        lastName = name;
+        if (meanwhile)
+            meanwhile();
+        return answer;
+    }
+};
+
 /// Counts what a save does to the disk.
 class CountingDisk final : public FileOperations {
 public:
@@ -99,7 +127,8 @@ protected:
         Surroundings around;
         around.clock = &clock;
         around.keys = &keys;
-        around.disk = &disk;
+        around.disk = faults != nullptr ? faults : &disk;
+        around.panels = &panels;
         around.doubleClickSeconds = [this] { return doubleClick; };
         return std::make_unique<VantryStore>(root(), around);
     }
@@ -109,6 +138,9 @@ protected:
         act = store.addAct(project);
         shot = store.addShot(project, act);
         take = store.addTake(project, act, shot);
+    }
+    [[nodiscard]] std::shared_ptr<const VantryTake> takeIn(const VantryStore& store) const {
+        return store.take(project, act, shot, take);
     }
     void type(VantryStore& store, const Text& notes) {
         store.updateTake(project, act, shot, take, [&](VantryTake& record) { record.notes = notes; });
@@ -122,6 +154,8 @@ protected:
     ManualClock clock;
     FakeKeys keys;
     CountingDisk disk;
+    FakePanels panels;
+    FileOperations* faults = nullptr;  ///< in place of `disk` for the stores that are opened from now on
     double doubleClick = 0.4;
     Identifier project, act, shot, take;
 };
