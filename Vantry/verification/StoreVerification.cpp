@@ -7,6 +7,7 @@
 #include "Vantry/app/VantryStore.h"
 #include "Vantry/verification/Smoke.h"
 #include "VantryCore/persistence/DiskStore.h"
+#include "VantryCore/persistence/VantryBackup.h"
 
 namespace vantry {
 namespace {
@@ -67,8 +68,16 @@ void verifyEdits(const fs::path& root) {
                       logged->parameters["iso"] == Text("800"),
                   "New take missed first project default");
     Smoke::demand(store.hasUnsavedChanges(), "Unsaved edits incorrectly reported as saved");
-    Smoke::demand(store.flush() && !store.hasUnsavedChanges(), "Dirty navigation save failed");
-    Smoke::skip("structural undo");
+    store.flush();
+    const Identifier added = store.addShot(project, act);
+    const Text later = "Written after structural operation\n\nKeep this paragraph.";
+    store.updateTake(project, act, shot, take, [&](VantryTake& record) { record.notes = later; });
+    store.undo();
+    const auto kept = store.take(project, act, shot, take);
+    Smoke::demand(kept && kept->notes == later, "Structure undo erased later notes");
+    Smoke::demand(!store.shot(project, act, added), "Undo did not reverse added shot");
+    Smoke::demand(!store.hasUnsavedChanges() && DiskStore::read(store.libraryFile()) == store.library(),
+                  "Successful undo save did not clear dirty state");
 }
 
 void verifyCleanNavigation(const fs::path& root) {
@@ -99,6 +108,61 @@ void verifyCleanNavigation(const fs::path& root) {
     Smoke::demand(saved && !store.hasUnsavedChanges(), "Dirty navigation save failed");
     Smoke::pass(
         "100 clean navigations avoid writes; previous snapshot, dirty save and file recovery preserved");
+}
+
+/// The library as another machine has it: the take reads otherwise, and a production is new.
+VantryBackup backupFromElsewhere(const Library& library, const Place& place) {
+    Library other = library;
+    for (auto& project : other.projects)
+        if (project->id == place.project)
+            project.edit().acts[0].edit().shots[0].edit().takes[0].edit().notes = "From another machine";
+    other.projects.emplace_back(Project::make("Imported"));
+    return {other, {}};
+}
+
+void verifyImport(VantryStore& store, const Place& place) {
+    const std::string backup = Codec::encode(backupFromElsewhere(store.library(), place));
+    const std::string beforeImport = contentOf(store.libraryFile());
+    const Text unsaved = "Unsaved local paragraph\n\n保留";
+    write(store, place, unsaved);
+    store.mergeBackupData(backup);
+    Smoke::demand(!store.hasUnsavedChanges(), "Import saved state is stale");
+    const auto take = store.take(place.project, place.act, place.shot, place.take);
+    Smoke::demand(take && take->notes == unsaved && notesOnDisk(store, place) == unsaved,
+                  "Import erased unsaved text");
+    const Library merged = store.library();
+    Smoke::demand(store.mergeBackupData(backup).added == 0 && store.library() == merged,
+                  "Repeated import duplicated records");
+    Smoke::demand(store.flush(), "Post-import save failed");
+    Smoke::demand(contentOf(DiskStore::previousOf(store.libraryFile())) == beforeImport,
+                  "Import overwrote pre-import previous");
+}
+
+void verifyRefusedImport(VantryStore& store) {
+    const Library before = store.library();
+    const FileState library(store.libraryFile());
+    const FileState generation(DiskStore::previousOf(store.libraryFile()));
+    bool refused = false;
+    try {
+        store.mergeBackupData("not a backup");
+    } catch (const std::exception&) {
+        refused = true;
+    }
+    Smoke::demand(refused, "Expected rejected import");
+    Smoke::demand(VantryStore(store.root()).library() == before, "Reopen lost imported data");
+    Smoke::demand(store.library() == before, "Failed import changed memory");
+    Smoke::demand(FileState(store.libraryFile()) == library, "Failed import changed disk");
+    Smoke::demand(FileState(DiskStore::previousOf(store.libraryFile())) == generation,
+                  "Failed import changed previous");
+}
+
+void verifyImportRegression(const fs::path& root) {
+    VantryStore store(root / "ImportRegression");
+    const Place place = makePlace(store);
+    write(store, place, "Saved");
+    store.flush();
+    verifyImport(store, place);
+    verifyRefusedImport(store);
 }
 
 void verifySaveFailure(const fs::path& root) {
@@ -150,7 +214,7 @@ void StoreVerification::run(const fs::path& root) {
     fs::create_directories(root);
     verifyEdits(root);
     verifyCleanNavigation(root);
-    Smoke::skip("merge regression");
+    verifyImportRegression(root);
     verifySaveFailure(root);
     verifyDamagedFile(root);
     verifyLoadFailure(root);
