@@ -31,6 +31,7 @@ void typeInto(Library& library, const TakePlace& place);
 // Each adds its benchmarks; `work` must outlive their run.
 void registerDecoding(const Workload& work);
 void registerEncoding(const Workload& work);
+void registerExchange(const Workload& work);
 void registerKeystrokes(const Workload& work);
 void registerSaving(const Workload& work);
 void registerValidation(const Workload& work);

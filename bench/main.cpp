@@ -17,6 +17,7 @@ int main(int count, char** arguments) {
         const Workload work = Workload::load(arguments[1]);
         registerDecoding(work);
         registerEncoding(work);
+        registerExchange(work);
         registerKeystrokes(work);
         registerSaving(work);
         registerValidation(work);
