@@ -53,6 +53,10 @@ def at_most(bound, sizes="SMLX"):
     return lambda size: (bound, "<=") if size in sizes else None
 
 
+def no_goal(_size):
+    return None
+
+
 def first(*goals):
     return lambda size: next((goal(size) for goal in goals if goal(size)), None)
 
@@ -86,12 +90,27 @@ ROWS = [
     ("Save, previous generation by link", "", at_least(1), lambda run: run.of("save/ours", "links")),
     ("Save, bytes written beyond the file", "", at_most(65536),
      lambda run: run.of("save/ours", "bytes_beyond_file")),
+    ("Structural undo without its save", "us", at_most(500, "L"), lambda run: run.of("undo/ours")),
+    ("Structural undo, faster than by values", "x", at_least(1000), lambda run: run.ratio("undo/by-values", "undo/ours")),
+    ("Twenty undo entries of small changes, bytes", "", at_most(5_000_000, "L"),
+     lambda run: run.of("undo/history-memory", "bytes")),
+    ("Merge of an equal library, times a deep comparison", "x", at_most(2),
+     lambda run: run.ratio("merge/equal", "compare/unshared")),
+    ("Merge, each retained take beyond that", "us", at_most(20),
+     lambda run: (run.of("merge/diverged") - run.of("merge/equal")) / run.of("merge/diverged", "copies")),
+    ("Backup with 90 MB of images, written, times Base64 by Qt alone", "x", no_goal,
+     lambda run: run.ratio("backup/encode-images", "backup/base64-by-qt")),
+    ("Backup with 90 MB of images, read and checked, times writing it", "x", no_goal,
+     lambda run: run.ratio("backup/decode-images", "backup/encode-images")),
+    ("SHA-256, speed beside OpenSSL's own", "x", at_least(0.8), lambda run: run.ratio("hash/openssl", "hash/ours")),
+    ("SHA-256, faster than Qt's", "x", at_least(1), lambda run: run.ratio("hash/qt", "hash/ours")),
 ]
 
 TIMES = ["decode/ours", "decode/rapidjson", "decode/qt", "decode/simdjson-dom-alone", "encode/ours",
          "encode/ours-used-buffer", "encode/rapidjson", "encode/qt", "encode/qt-from-document", "encode/copy",
          "encode/copy-used-buffer", "save/ours", "save/plain", "validate/all", "validate/after-keystroke",
-         "compare/unshared", "keystroke/deep-copy"]
+         "compare/unshared", "keystroke/deep-copy", "undo/ours", "undo/by-values", "merge/equal", "merge/diverged",
+         "merge/identifiers-once", "backup/encode-images", "backup/decode-images", "backup/base64-by-qt"]
 
 
 def number(value):
@@ -112,6 +131,13 @@ def goal_text(goal, unit, sizes):
 
 
 def cell(run, size, unit, goal, measure):
+    try:
+        return measured_cell(run, size, unit, goal, measure)
+    except KeyError:
+        return "-", False  # not measured for this size
+
+
+def measured_cell(run, size, unit, goal, measure):
     run.pick = min
     fastest = measure(run)
     run.pick = statistics.median
@@ -123,6 +149,10 @@ def cell(run, size, unit, goal, measure):
     if bound and not (value >= bound[0] if bound[1] == ">=" else value <= bound[0]):
         return f"**{text} missed**", True
     return text, False
+
+
+def time_of(run, name):
+    return number(run.of(name) / 1000) if name in run.repetitions else "-"
 
 
 def main():
@@ -144,7 +174,7 @@ def main():
     print("\n| Medians, ms |", " | ".join(sizes), "|")
     print("|---|" + "---|" * len(sizes))
     for name in TIMES:
-        print(f"| {name} |", " | ".join(number(runs[size].of(name) / 1000) for size in sizes), "|")
+        print(f"| {name} |", " | ".join(time_of(runs[size], name) for size in sizes), "|")
     print(f"\n{missed} goals missed.")
 
 

@@ -27,8 +27,14 @@ bool isFraction(double value) {
     return std::isfinite(value) && value >= 0 && value <= 1;
 }
 
+bool isAsciiHexDigit(char c) {
+    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+}
+
 /// 64 hexadecimal digits in the sense of Unicode's Hex_Digit, so full-width ones count as well.
 bool isImageKey(std::string_view key) {
+    if (key.size() == imageKeyLength && std::all_of(key.begin(), key.end(), isAsciiHexDigit))
+        return true;
     const auto length = static_cast<std::int64_t>(key.size());
     std::int64_t at = 0;
     int digits = 0;
