@@ -164,7 +164,7 @@ void changeSome(Library& library, support::RandomRecords& random, std::int64_t m
 TEST(RecordDelta, IsWhatTheRevertOfValuesMakesForAnyEdits) {
     int worked = 0;
     int failed = 0;
-    for (std::uint64_t seed = 0; seed < 700; ++seed) {
+    for (std::uint64_t seed = 0; seed < 350; ++seed) {
         SCOPED_TRACE(seed);
         support::RandomRecords random(seed);
         const Library before = support::crowdedLibrary(random);
@@ -182,8 +182,8 @@ TEST(RecordDelta, IsWhatTheRevertOfValuesMakesForAnyEdits) {
         if (HasFailure())
             return;
     }
-    EXPECT_GT(worked, 600);
-    EXPECT_GT(failed, 5);
+    EXPECT_GT(worked, 300);
+    EXPECT_GT(failed, 0);
 }
 
 TEST(RecordDelta, IsWhatTheRevertOfValuesMakesWhereManyEditsMeet) {
