@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 
 #include "Vantry/app/AppDelegate.h"
+#include "Vantry/app/NativeFilePanels.h"
 #include "Vantry/app/Preferences.h"
 #include "Vantry/app/VantryApplication.h"
 #include "Vantry/app/VantryStore.h"
@@ -58,12 +59,15 @@ int main(int argc, char** argv) {
         return verify();
 
     vantry::StoredPreferences preferences;
+    vantry::NativeFilePanels panels;
     vantry::Surroundings around;
     around.preferences = &preferences;
     around.keys = &application;
+    around.panels = &panels;
     around.doubleClickSeconds = [] { return QApplication::doubleClickInterval() / 1000.0; };
     vantry::VantryStore store(std::nullopt, around);
     delegate.watchSystem();
+    delegate.refuseWhile([&panels] { return panels.isOpen(); });
     vantry::RootView window(store, delegate);
     window.show();
     return QCoreApplication::exec();

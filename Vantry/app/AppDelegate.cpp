@@ -6,7 +6,6 @@
 #include <utility>
 
 #include <QApplication>
-#include <QInputMethod>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -16,6 +15,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "Vantry/app/Composition.h"
 #include "Vantry/app/QtText.h"
 #include "Vantry/app/VantryStore.h"
 
@@ -81,15 +81,13 @@ void AppDelegate::setStore(VantryStore& guarded) {
     });
 }
 
-/// What an input method still holds was typed as well.
 void AppDelegate::save() {
-    if (QGuiApplication::inputMethod() != nullptr)
-        QGuiApplication::inputMethod()->commit();
+    commitComposition();
     store->flush();
 }
 
 bool AppDelegate::shouldTerminate() {
-    if (asking)
+    if (asking || (busy && busy()))
         return false;
     if (store != nullptr) {
         save();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <utility>
 
 #include <QObject>
 #include <QPointer>
@@ -29,6 +30,10 @@ public:
     /// The store to guard; set when the window first appears and never taken back.
     void setStore(VantryStore& guarded);
 
+    /// While `isBusy` answers yes, `shouldTerminate` answers no and asks nothing: something on screen, such
+    /// as a chooser of files, waits for the person. Signals end the process all the same.
+    void refuseWhile(std::function<bool()> isBusy) { busy = std::move(isBusy); }
+
     /// Saves, and answers whether the process may end: always, unless that save failed and the person chose
     /// to go back. Once it has answered yes it asks no second time, unless the library has changed since;
     /// asked again while its question is on screen it says no.
@@ -48,6 +53,7 @@ private:
 
     QPointer<VantryStore> store;
     Question ask;
+    std::function<bool()> busy;
     bool watching = false;
     bool asking = false;
     bool decided = false;
