@@ -48,7 +48,9 @@ void Pressable::paintFocus(QPainter& painter, const QRectF& shape, qreal radius)
 
 void Pressable::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier)
+    if (isReturn && pressedOnce && event->isAutoRepeat())
+        event->accept();
+    else if (isReturn && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier)
         click();
     else
         QPushButton::keyPressEvent(event);
@@ -77,6 +79,7 @@ QSize Button::sizeHint() const {
     case Kind::primary:
         return {width + 2 * Metrics::paddingPrimary, Metrics::controlHeight};
     case Kind::quiet:
+    case Kind::destructive:
         return {width + 2 * Metrics::paddingQuiet, Metrics::controlHeight};
     case Kind::inlined:
     case Kind::crumb:
@@ -109,7 +112,8 @@ void Button::paintEvent(QPaintEvent*) {
 
 void Button::paintSurface(QPainter& painter) const {
     const Palette& palette = Palette::of(*this);
-    const bool filled = kind == Kind::primary || kind == Kind::quiet;
+    const bool quiet = kind == Kind::quiet || kind == Kind::destructive;
+    const bool filled = kind == Kind::primary || quiet;
     if (!filled && !isHovered())
         return;
     QColor fill = palette.button;
@@ -119,7 +123,7 @@ void Button::paintSurface(QPainter& painter) const {
         fill = palette.selected;
     else if (isHovered())
         fill = palette.hover;
-    const bool outlined = kind == Kind::quiet && (isDown() || isHovered());
+    const bool outlined = quiet && (isDown() || isHovered());
     const qreal inset = outlined ? Metrics::hairline / 2.0 : 0;
     painter.setPen(outlined ? QPen(isDown() ? palette.link : palette.rule, Metrics::hairline)
                             : QPen(Qt::NoPen));
@@ -130,7 +134,11 @@ void Button::paintSurface(QPainter& painter) const {
 
 void Button::paintContent(QPainter& painter) const {
     const Palette& palette = Palette::of(*this);
-    const QColor colour = kind == Kind::primary ? palette.canvas : palette.ink;
+    QColor colour = palette.ink;
+    if (kind == Kind::primary)
+        colour = palette.canvas;
+    else if (kind == Kind::destructive)
+        colour = palette.danger;
     const int signWidth = glyph == Glyph::none ? 0 : Metrics::iconSmall + Metrics::gapInline;
     const QString line = fontMetrics().elidedText(singleLine(plain()), Qt::ElideRight, width() - signWidth);
     const int textWidth = fontMetrics().horizontalAdvance(line);

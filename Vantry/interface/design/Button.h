@@ -18,6 +18,10 @@ public:
     void setPlain(const QString& plain);
     [[nodiscard]] const QString& plain() const noexcept { return shown; }
 
+    /// Once: a held Return presses the button a single time. For buttons that ask, open or turn something
+    /// round; not for those whose repetitions the store refuses itself.
+    void setPressedOnce() { pressedOnce = true; }
+
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
@@ -32,6 +36,7 @@ protected:
 private:
     QString shown;
     bool cameByKeyboard = false;
+    bool pressedOnce = false;
 };
 
 /// A button with a text and, if wanted, a sign in front of it.
@@ -39,9 +44,9 @@ class Button final : public Pressable {
     Q_OBJECT
 
 public:
-    /// Primary: the one main action of a page. Quiet: what is usual there. Inlined: links. Crumb: a small
-    /// link that is cut where there is no room.
-    enum class Kind { primary, quiet, inlined, crumb };
+    /// Primary: the one main action of a page. Quiet: what is usual there. Destructive: a quiet one that
+    /// takes something away. Inlined: links. Crumb: a small link that is cut where there is no room.
+    enum class Kind { primary, quiet, destructive, inlined, crumb };
 
     explicit Button(Kind kind, Glyph glyph = Glyph::none, QWidget* parent = nullptr);
 

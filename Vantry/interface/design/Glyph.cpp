@@ -117,6 +117,21 @@ Sketch sketch(Glyph glyph) {
     case Glyph::arrowRight:
         s.line({{4, 12}, {20, 12}}).line({{13.5, 5.5}, {20, 12}, {13.5, 18.5}});
         break;
+    case Glyph::undo:
+        s.line({{9, 14}, {4, 9}, {9, 4}}).line({{4, 9}, {14.5, 9}});
+        s.path.arcTo(QRectF(9, 9, 11, 11), 90, -180);
+        s.path.lineTo(11, 20);
+        break;
+    case Glyph::photo:
+        s.box(3, 3, 18, 18).circle(9, 9, 2).line({{21, 15}, {17.2, 11.2}, {15.8, 11.2}, {6, 21}});
+        break;
+    case Glyph::trash:
+        s.line({{3, 6}, {21, 6}}).line({{19, 6}, {19, 21}, {5, 21}, {5, 6}});
+        s.line({{8, 6}, {8, 3}, {16, 3}, {16, 6}}).line({{10, 11}, {10, 16.5}}).line({{14, 11}, {14, 16.5}});
+        break;
+    case Glyph::more:
+        s.circle(5, 12, 0.8).circle(12, 12, 0.8).circle(19, 12, 0.8);
+        break;
     }
     return s;
 }

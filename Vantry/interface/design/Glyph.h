@@ -28,6 +28,10 @@ enum class Glyph {
     chevronDown,
     house,
     arrowRight,
+    undo,
+    photo,
+    trash,
+    more,
 };
 
 /// Draws the sign into `place` with lines of `colour`; `filled` fills its outline as well.

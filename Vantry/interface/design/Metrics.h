@@ -30,6 +30,7 @@ struct Metrics {
     static constexpr int hairline = 1;
     static constexpr int ring = 2;
     static constexpr double focusedFrame = 1.5;  ///< the border of an editor that has the keyboard
+    static constexpr int stroke = 2;             ///< a line of a drawing
     static constexpr int radiusControl = 8;
     static constexpr int radiusTrack = 12;
     static constexpr int radiusCard = 24;

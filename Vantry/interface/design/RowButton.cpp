@@ -1,5 +1,6 @@
 #include "Vantry/interface/design/RowButton.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 
 #include "Vantry/interface/design/ControlText.h"
@@ -11,6 +12,7 @@ namespace vantry {
 
 RowButton::RowButton(QWidget* parent)
     : Pressable(parent) {
+    setPressedOnce();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
@@ -72,6 +74,38 @@ void RowButton::paintEvent(QPaintEvent*) {
 
     if (showsFocus())
         paintFocus(painter, surface, Metrics::radiusControl);
+}
+
+RowMenuButton::RowMenuButton(QWidget* parent)
+    : Pressable(parent) {
+    setPressedOnce();
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+QSize RowMenuButton::sizeHint() const {
+    return {Metrics::controlHeight, Metrics::controlHeight};
+}
+
+void RowMenuButton::paintEvent(QPaintEvent*) {
+    const Palette& palette = Palette::of(*this);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (isDown() || isHovered()) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(isDown() ? palette.selected : palette.hover);
+        painter.drawRoundedRect(rect(), Metrics::radiusControl, Metrics::radiusControl);
+    }
+    constexpr qreal edge = (Metrics::controlHeight - Metrics::iconLarge) / 2.0;
+    paintGlyph(painter, Glyph::more, QRectF(rect()).adjusted(edge, edge, -edge, -edge), palette.ink);
+    if (showsFocus())
+        paintFocus(painter, rect(), Metrics::radiusControl);
+}
+
+void RowMenu::keyPressEvent(QKeyEvent* event) {
+    const bool chooses =
+        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    if (!chooses || !event->isAutoRepeat())
+        QMenu::keyPressEvent(event);
 }
 
 }  // namespace vantry

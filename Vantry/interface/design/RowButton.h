@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QMenu>
+
 #include "Vantry/interface/design/Button.h"
 
 namespace vantry {
@@ -31,6 +33,30 @@ protected:
 
 private:
     RowContent content;
+};
+
+/// Opens the menu of the row that it stands in.
+class RowMenuButton final : public Pressable {
+    Q_OBJECT
+
+public:
+    explicit RowMenuButton(QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// The menu of a row. The key that opened it may still be held: its repetitions choose nothing.
+class RowMenu final : public QMenu {
+    Q_OBJECT
+
+public:
+    using QMenu::QMenu;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 };
 
 }  // namespace vantry

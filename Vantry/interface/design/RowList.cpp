@@ -1,5 +1,6 @@
 #include "Vantry/interface/design/RowList.h"
 
+#include <QHBoxLayout>
 #include <QPainter>
 #include <QSet>
 #include <QVBoxLayout>
@@ -16,47 +17,68 @@ RowList::RowList(QWidget* parent)
     column->setSpacing(Metrics::hairline);
 }
 
-RowButton* RowList::add(const QByteArray& key) {
-    auto* button = new RowButton(this);
-    connect(button, &RowButton::clicked, this, [this, key] { emit activated(key); });
-    buttons.insert(key, button);
-    return button;
+RowList::Line& RowList::add(const QByteArray& key, bool hasMenu) {
+    Line line;
+    line.place = new QWidget(this);
+    line.button = new RowButton(line.place);
+    auto* row = new QHBoxLayout(line.place);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(line.button, 1);
+    connect(line.button, &RowButton::clicked, this, [this, key] { emit activated(key); });
+    if (hasMenu) {
+        line.menu = new RowMenuButton(line.place);
+        row->addWidget(line.menu);
+        // The sign of the menu, not its button, stands on the card's inner edge.
+        row->addSpacing(Metrics::paddingCard - (Metrics::controlHeight - Metrics::iconLarge) / 2);
+        connect(line.menu, &RowMenuButton::clicked, this,
+                [this, key, opener = line.menu] { emit menuWanted(key, opener); });
+    }
+    return *lines.insert(key, line);
 }
 
 void RowList::setRows(const QList<Row>& rows) {
     QList<QByteArray> wanted;
     wanted.reserve(rows.size());
     for (const Row& row : rows) {
-        RowButton* button = buttons.value(row.key);
-        if (button == nullptr)
-            button = add(row.key);
-        button->setContent(row.content);
+        const auto known = lines.find(row.key);
+        const Line& line = known != lines.end() ? *known : add(row.key, !row.menu.isEmpty());
+        line.button->setContent(row.content);
+        if (line.menu != nullptr)
+            line.menu->setPlain(row.menu);
         wanted.append(row.key);
     }
     setVisible(!rows.isEmpty());
-    if (wanted == order)
-        return;
+    if (wanted != order)
+        arrange(std::move(wanted));
+}
+
+void RowList::arrange(QList<QByteArray> wanted) {
     const QSet<QByteArray> staying(wanted.cbegin(), wanted.cend());
     for (const QByteArray& key : std::as_const(order)) {
         if (staying.contains(key))
             continue;
-        RowButton* gone = buttons.take(key);
+        QWidget* gone = lines.take(key).place;
         column->removeWidget(gone);
         gone->hide();
         gone->deleteLater();
     }
-    RowButton* previous = nullptr;
+    QWidget* previous = nullptr;
     for (qsizetype index = 0; index < wanted.size(); ++index) {
-        RowButton* button = buttons.value(wanted[index]);
+        const Line line = lines.value(wanted[index]);
         const int place = static_cast<int>(index);
-        if (column->indexOf(button) != place) {
-            column->removeWidget(button);
-            column->insertWidget(place, button);
+        if (column->indexOf(line.place) != place) {
+            column->removeWidget(line.place);
+            column->insertWidget(place, line.place);
         }
-        button->show();
+        line.place->show();
         if (previous != nullptr)
-            QWidget::setTabOrder(previous, button);
-        previous = button;
+            QWidget::setTabOrder(previous, line.button);
+        previous = line.button;
+        if (line.menu == nullptr)
+            continue;
+        QWidget::setTabOrder(line.button, line.menu);
+        previous = line.menu;
     }
     order = std::move(wanted);
     update();

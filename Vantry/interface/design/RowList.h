@@ -19,6 +19,8 @@ public:
     struct Row {
         QByteArray key;  ///< unique in the list
         RowContent content;
+        QString
+            menu{};  ///< the name of the button that opens the row's menu; empty, now and later: it has none
     };
 
     explicit RowList(QWidget* parent = nullptr);
@@ -29,16 +31,25 @@ public:
 signals:
     /// The person pressed the row with this key.
     void activated(const QByteArray& key);
+    /// The person asks for the menu of the row with this key, by the button `opener`.
+    void menuWanted(const QByteArray& key, QWidget* opener);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    RowButton* add(const QByteArray& key);
+    struct Line {
+        QWidget* place = nullptr;
+        RowButton* button = nullptr;
+        RowMenuButton* menu = nullptr;  ///< for the life of the row, or never
+    };
+
+    Line& add(const QByteArray& key, bool hasMenu);
+    void arrange(QList<QByteArray> wanted);
 
     QVBoxLayout* column;
     QList<QByteArray> order;
-    QHash<QByteArray, RowButton*> buttons;
+    QHash<QByteArray, Line> lines;
 };
 
 }  // namespace vantry

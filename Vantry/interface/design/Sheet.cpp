@@ -59,4 +59,29 @@ void AlertSheet::setTexts(const QString& title, const QString& message, const QS
     confirm->setPlain(button);
 }
 
+QuestionSheet::QuestionSheet(QWidget* parent)
+    : Sheet(parent)
+    , cancel(new Button(Button::Kind::quiet, Glyph::none, this))
+    , confirm(new Button(Button::Kind::destructive, Glyph::none, this)) {
+    for (Button* button : {cancel, confirm}) {
+        button->setMinimumWidth(Metrics::dialogButtonWidth);
+        button->setPressedOnce();
+        buttons().addWidget(button);
+    }
+    cancel->setDefault(true);
+    connect(cancel, &Button::clicked, this, &QuestionSheet::reject);
+    connect(confirm, &Button::clicked, this, &QuestionSheet::accept);
+}
+
+void QuestionSheet::setTexts(const QString& question, const QString& no, const QString& yes) {
+    setTitle(question);
+    cancel->setPlain(no);
+    confirm->setPlain(yes);
+}
+
+void QuestionSheet::ask() {
+    cancel->setFocus();
+    open();
+}
+
 }  // namespace vantry

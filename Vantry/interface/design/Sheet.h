@@ -45,4 +45,21 @@ private:
     Button* confirm;
 };
 
+/// Asks the person before something is taken away. Return, Esc and the first button reject; only the
+/// destructive button accepts, and a held key presses it once.
+class QuestionSheet final : public Sheet {
+    Q_OBJECT
+
+public:
+    explicit QuestionSheet(QWidget* parent);
+
+    void setTexts(const QString& question, const QString& no, const QString& yes);
+    /// Opens with the keyboard on the button that changes nothing.
+    void ask();
+
+private:
+    Button* cancel;
+    Button* confirm;
+};
+
 }  // namespace vantry

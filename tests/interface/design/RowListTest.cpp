@@ -19,7 +19,7 @@ protected:
     }
     RowButton* row(const char* title) {
         for (auto* button : list.findChildren<RowButton*>())
-            if (button->plain() == QLatin1String(title) && !button->isHidden())
+            if (button->plain() == QLatin1String(title) && button->isVisibleTo(&list))
                 return button;
         return nullptr;
     }
@@ -51,11 +51,37 @@ TEST_F(RowListTest, RowsStandInTheirOrderOnScreenAndForTheKeyboard) {
     row("c")->setFocus();
     int top = -1;
     for (const char* title : {"c", "b", "d", "a"}) {
-        EXPECT_GT(row(title)->y(), top);
-        top = row(title)->y();
+        const int place = row(title)->mapTo(&list, QPoint()).y();
+        EXPECT_GT(place, top);
+        top = place;
         EXPECT_TRUE(row(title)->hasFocus()) << title;
         QTest::keyClick(list.focusWidget(), Qt::Key_Tab);
     }
+}
+
+TEST_F(RowListTest, ARowWithAMenuAsksForItByItsOwnButton) {
+    const QString name = QStringLiteral("more");
+    const auto row = [&](const char* key) {
+        return RowList::Row{
+            key, {Glyph::folder, QString::fromLatin1(key), QStringLiteral("detail"), false}, name};
+    };
+    list.setRows({row("a"), row("b")});
+    list.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&list));
+    list.activateWindow();
+    QSignalSpy wanted(&list, &RowList::menuWanted);
+    QSignalSpy pressed(&list, &RowList::activated);
+    this->row("b")->setFocus();
+    QTest::keyClick(list.focusWidget(), Qt::Key_Tab);
+    auto* opener = qobject_cast<RowMenuButton*>(list.focusWidget());
+    ASSERT_NE(opener, nullptr);
+    EXPECT_EQ(opener->accessibleName(), name);
+    QTest::keyClick(opener, Qt::Key_Return);
+    QTest::simulateEvent(opener, true, Qt::Key_Return, Qt::NoModifier, QString(), true);
+    ASSERT_EQ(wanted.count(), 1) << "a held key opens it once";
+    EXPECT_EQ(wanted[0][0].toByteArray(), "b");
+    EXPECT_EQ(wanted[0][1].value<QWidget*>(), opener);
+    EXPECT_EQ(pressed.count(), 0);
 }
 
 TEST_F(RowListTest, PressingARowTellsItsKey) {
