@@ -1,13 +1,12 @@
 #include "Vantry/interface/navigation/RootView.h"
 
 #include <QCloseEvent>
-#include <QGuiApplication>
-#include <QInputMethod>
 #include <QMenuBar>
 #include <QSplitter>
 #include <QVBoxLayout>
 
 #include "Vantry/app/AppDelegate.h"
+#include "Vantry/app/Composition.h"
 #include "Vantry/app/QtText.h"
 #include "Vantry/interface/design/Appearance.h"
 #include "Vantry/interface/design/Metrics.h"
@@ -60,6 +59,11 @@ RootView::RootView(VantryStore& opened, AppDelegate& guard)
     connect(&store, &VantryStore::changed, this, &RootView::refreshSoon);
     connect(actions, &WindowActions::backWanted, this, &RootView::goBack);
     connect(actions, &WindowActions::homeWanted, this, [this] { go(Route::library()); });
+    connect(actions, &WindowActions::undoWanted, this, [this] { performSettled(&VantryStore::undo); });
+    connect(actions, &WindowActions::exportWanted, this,
+            [this] { performSettled(&VantryStore::exportBackup); });
+    connect(actions, &WindowActions::importWanted, this,
+            [this] { performSettled(&VantryStore::importBackup); });
     connect(actions, &WindowActions::quitWanted, this, &RootView::close);
     connect(sidebar, &Sidebar::routePressed, this, &RootView::go);
     connect(sidebar, &Sidebar::newProjectPressed, newProject, &NewProjectSheet::start);
@@ -134,8 +138,8 @@ void RootView::showPage() {
 }
 
 bool RootView::flush() {
-    // What an input method still holds belongs to the page that is left.
-    QGuiApplication::inputMethod()->commit();
+    // It belongs to the page that is left.
+    commitComposition();
     return store.flush();
 }
 
@@ -156,6 +160,13 @@ void RootView::goBack() {
 void RootView::perform(const std::function<void()>& action) {
     contain(store, action);
     refreshSoon();
+}
+
+void RootView::performSettled(void (VantryStore::*operation)()) {
+    perform([this, operation] {
+        commitComposition();
+        (store.*operation)();
+    });
 }
 
 void RootView::createProject() {

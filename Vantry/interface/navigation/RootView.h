@@ -55,6 +55,8 @@ private:
     void createProject();
     /// Runs what the person asked for; nothing that it throws gets further.
     void perform(const std::function<void()>& action);
+    /// Runs an operation that takes all texts as they are, the one being composed too.
+    void performSettled(void (VantryStore::*operation)());
     [[nodiscard]] bool flush();
     void endSoon();
 

@@ -18,6 +18,7 @@ ToolBar::ToolBar(WindowActions& actions, QWidget* parent)
     row->addWidget(new ToolButton(actions.back(), Glyph::chevronLeft, this));
     row->addWidget(new ToolButton(actions.home(), Glyph::house, this));
     row->addStretch();
+    row->addWidget(new ToolButton(actions.undo(), Glyph::undo, this));
     row->addWidget(new ToolButton(actions.save(), Glyph::check, this));
     setFixedHeight(Metrics::toolbarHeight);
 }

@@ -23,6 +23,7 @@ WindowActions::WindowActions(VantryStore& opened, QMenuBar& bar)
     : QObject(&bar)
     , store(opened)
     , file(bar.addMenu(QString()))
+    , edit(bar.addMenu(QString()))
     , view(bar.addMenu(QString()))
     , languageMenu(view->addMenu(QString()))
     , appearanceMenu(view->addMenu(QString()))
@@ -30,6 +31,7 @@ WindowActions::WindowActions(VantryStore& opened, QMenuBar& bar)
     , appearances(new QActionGroup(this))
     , backAction(add(nullptr))
     , homeAction(add(nullptr))
+    , undoAction(add(edit))
     , saveAction(add(file))
     , exportAction(add(file))
     , importAction(add(file))
@@ -39,8 +41,6 @@ WindowActions::WindowActions(VantryStore& opened, QMenuBar& bar)
     quitAction->setMenuRole(QAction::QuitRole);
     saveAction->setShortcut(Qt::CTRL | Qt::Key_S);
     quitAction->setShortcut(Qt::CTRL | Qt::Key_Q);
-    exportAction->setEnabled(false);
-    importAction->setEnabled(false);
     for (const char* value : {"zh", "en"})
         addChoice(languageMenu, languages, value);
     for (const char* value : {"system", "light", "dark"})
@@ -48,6 +48,9 @@ WindowActions::WindowActions(VantryStore& opened, QMenuBar& bar)
 
     connect(backAction, &QAction::triggered, this, &WindowActions::backWanted);
     connect(homeAction, &QAction::triggered, this, &WindowActions::homeWanted);
+    connect(undoAction, &QAction::triggered, this, &WindowActions::undoWanted);
+    connect(exportAction, &QAction::triggered, this, &WindowActions::exportWanted);
+    connect(importAction, &QAction::triggered, this, &WindowActions::importWanted);
     connect(quitAction, &QAction::triggered, this, &WindowActions::quitWanted);
     connect(saveAction, &QAction::triggered, this, [this] { contain(store, [this] { store.flush(); }); });
     connect(languages, &QActionGroup::triggered, this, [this](QAction* action) {
@@ -77,16 +80,21 @@ void WindowActions::refresh(bool canGoBack) {
     const bool english = store.english();
     const auto text = [english](QStringView zh, QStringView en) { return (english ? en : zh).toString(); };
     file->setTitle(text(u"文件", u"File"));
+    edit->setTitle(text(u"编辑", u"Edit"));
     view->setTitle(text(u"显示", u"View"));
     languageMenu->setTitle(text(u"语言", u"Language"));
     appearanceMenu->setTitle(text(u"外观", u"Appearance"));
     setPlain(*backAction, text(u"返回", u"Back"));
     setPlain(*homeAction, text(u"资料库", u"Library"));
+    setPlain(*undoAction, text(u"撤销结构修改", u"Undo structure change"));
     setPlain(*saveAction, text(u"保存", u"Save"));
     setPlain(*exportAction, text(u"导出备份…", u"Export backup…"));
     setPlain(*importAction, text(u"导入并合并…", u"Import and merge…"));
     setPlain(*quitAction, text(u"退出 Vantry", u"Quit Vantry"));
     backAction->setEnabled(canGoBack);
+    undoAction->setEnabled(store.canUndo());
+    exportAction->setEnabled(!store.loadFailed());
+    importAction->setEnabled(!store.loadFailed());
 
     const QList<QAction*> languageChoices = languages->actions();
     setPlain(*languageChoices[0], QStringLiteral("中文"));

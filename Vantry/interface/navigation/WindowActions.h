@@ -24,11 +24,15 @@ public:
 
     [[nodiscard]] QAction& back() noexcept { return *backAction; }
     [[nodiscard]] QAction& home() noexcept { return *homeAction; }
+    [[nodiscard]] QAction& undo() noexcept { return *undoAction; }
     [[nodiscard]] QAction& save() noexcept { return *saveAction; }
 
 signals:
     void backWanted();
     void homeWanted();
+    void undoWanted();
+    void exportWanted();
+    void importWanted();
     void quitWanted();
 
 private:
@@ -37,6 +41,7 @@ private:
 
     VantryStore& store;
     QMenu* file;
+    QMenu* edit;
     QMenu* view;
     QMenu* languageMenu;
     QMenu* appearanceMenu;
@@ -44,6 +49,7 @@ private:
     QActionGroup* appearances;
     QAction* backAction;
     QAction* homeAction;
+    QAction* undoAction;
     QAction* saveAction;
     QAction* exportAction;
     QAction* importAction;
