@@ -10,6 +10,7 @@
 #include "Vantry/interface/design/ParagraphEditor.h"
 #include "Vantry/interface/design/RowList.h"
 #include "Vantry/interface/design/WorkLayout.h"
+#include "Vantry/interface/pages/RecordRemoval.h"
 #include "Vantry/interface/pages/RowKey.h"
 
 namespace vantry {
@@ -24,7 +25,9 @@ ProjectView::ProjectView(PageContext given, const Identifier& project, QWidget* 
     parts->addWidget(makeOverview(desk));
     parts->addWidget(makeDetails(desk));
     column().content().addWidget(heading);
+    removal = makeRemoval(Route::library(), [this] { store().removeProject(projectID); });
     column().content().addWidget(desk);
+    column().content().addWidget(&removal->button());
     column().content().addStretch();
 }
 
@@ -112,6 +115,9 @@ void ProjectView::fillTexts(const Project& project) {
                     text(u"再把每一镜的画面、动作和声音安排进去。",
                          u"Then plan the image, action and sound for each shot."));
     add->setPlain(text(u"新增幕", u"Add act"));
+    removal->setTexts(text(u"删除项目…", u"Delete project…"),
+                      text(u"删除项目及其全部记录？可用撤销结构修改恢复。",
+                           u"Delete this project and all its records? You can undo the structure change."));
     details->setTitle(text(u"项目信息", u"Production details"));
     title->setCaption(text(u"项目名称", u"Project name"));
     director->setCaption(text(u"导演", u"Director"));

@@ -10,6 +10,7 @@ class EmptyCard;
 class LabeledField;
 class PageHeading;
 class ParagraphField;
+class RecordRemoval;
 class RowList;
 
 /// One production's desk: its acts and what it is.
@@ -38,6 +39,7 @@ private:
     LabeledField* title = nullptr;
     LabeledField* director = nullptr;
     ParagraphField* notes = nullptr;
+    RecordRemoval* removal = nullptr;
 };
 
 }  // namespace vantry

@@ -4,6 +4,7 @@
 
 #include "Vantry/interface/design/PageColumn.h"
 #include "Vantry/interface/pages/MissingView.h"
+#include "Vantry/interface/pages/RecordRemoval.h"
 
 namespace vantry {
 
@@ -21,9 +22,18 @@ void RecordPage::refresh() {
         stack->setCurrentWidget(body);
         return;
     }
+    if (removal != nullptr)
+        removal->withdraw();
+    // Whoever holds a key down must not press the next best button.
+    if (body->isAncestorOf(focusWidget()))
+        setFocus(Qt::OtherFocusReason);
     missing->refresh();
     setAccessibleName(missing->accessibleName());
     stack->setCurrentWidget(missing);
+}
+
+RecordRemoval* RecordPage::makeRemoval(const Route& parent, std::function<void()> remove) {
+    return removal = new RecordRemoval(context, *this, parent, std::move(remove));
 }
 
 }  // namespace vantry

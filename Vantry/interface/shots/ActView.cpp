@@ -1,14 +1,19 @@
 #include "Vantry/interface/shots/ActView.h"
 
+#include <functional>
+
 #include "Vantry/app/QtText.h"
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Card.h"
+#include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/LineField.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/PageColumn.h"
 #include "Vantry/interface/design/PageHeading.h"
 #include "Vantry/interface/design/RowList.h"
+#include "Vantry/interface/pages/RecordRemoval.h"
 #include "Vantry/interface/pages/RowKey.h"
+#include "Vantry/interface/shots/ShotActions.h"
 #include "Vantry/interface/shots/ShotTexts.h"
 
 namespace vantry {
@@ -35,6 +40,12 @@ ActView::ActView(PageContext given, const Identifier& project, const Identifier&
     shots = new RowList(body);
     for (QWidget* part : std::initializer_list<QWidget*>{heading, naming, sequence, empty, shots})
         column().content().addWidget(part);
+    removal = makeRemoval(Route::project(projectID), [this] {
+        store().updateProject(projectID, [this](Project& record) {
+            std::erase_if(record.acts, [this](const auto& held) { return held->id == actID; });
+        });
+    });
+    column().content().addWidget(&removal->button());
     column().content().addStretch();
 
     title->field().setBinding(binding(
@@ -50,11 +61,42 @@ ActView::ActView(PageContext given, const Identifier& project, const Identifier&
                 if (const auto id = recordOf(key))
                     go(Route::shot(projectID, actID, *id));
             }));
+    connect(shots, &RowList::menuWanted, this, performing([this](const QByteArray& key, QWidget* opener) {
+                if (const auto id = recordOf(key))
+                    showMenu(*id, *opener);
+            }));
 }
 
 void ActView::addShot() const {
     if (store().acceptCreation(VantryCreationAction::shot(actID)))
         store().addShot(projectID, actID);
+}
+
+void ActView::showMenu(const Identifier& shotID, QWidget& opener) {
+    const auto act = store().act(projectID, actID);
+    const std::size_t index = act ? indexOfRecord(act->shots, shotID) : 0;
+    if (!act || index == act->shots.size())
+        return;
+    const ShotPlace place{projectID, actID, shotID};
+    auto* menu = new RowMenu(&opener);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [&](const QString& title, bool possible, const std::function<void()>& action) {
+        QAction* entry = menu->addAction(controlText(title));
+        entry->setEnabled(possible);
+        connect(entry, &QAction::triggered, this, performing([action](bool) { action(); }));
+    };
+    const auto move = [this, place](std::int64_t offset) {
+        store().markCheckpoint();
+        store().moveShot(place.project, place.act, place.shot, offset);
+    };
+    add(text(u"上移", u"Move up"), index > 0, [move] { move(-1); });
+    add(text(u"下移", u"Move down"), index + 1 < act->shots.size(), [move] { move(1); });
+    add(text(u"在后面插镜", u"Insert shot after"), true, [this, place] { insertShotAfter(context, place); });
+    const bool cancelled = act->shots[index]->cancelled;
+    add(cancelled ? text(u"恢复镜头", u"Restore shot")
+                  : text(u"取消拍摄（保留记录）", u"Cancel shot (keep records)"),
+        true, [this, place, cancelled] { setCancelled(context, place, !cancelled); });
+    menu->popup(opener.mapToGlobal(QPoint(0, opener.height())));
 }
 
 QString ActView::facts(const Shot& shot) const {
@@ -75,7 +117,9 @@ bool ActView::fill() {
     QList<RowList::Row> rows;
     for (const auto& shot : act->shots) {
         const Glyph sign = shot->soundMode == SoundMode::roomTone ? Glyph::waveform : Glyph::camera;
-        rows.append({rowKey(shot->id), {sign, shotName(*shot), facts(*shot), shot->cancelled}});
+        rows.append({rowKey(shot->id),
+                     {sign, shotName(*shot), facts(*shot), shot->cancelled},
+                     text(u"镜头操作", u"Shot actions")});
     }
     empty->setVisible(rows.isEmpty());
     sequence->setVisible(!rows.isEmpty());
@@ -89,11 +133,14 @@ void ActView::fillTexts(const Act& act) {
     heading->setTexts(text(u"分镜工作台", u"Storyboard desk"), name,
                       text(u"按拍摄顺序编排，随时插镜与调整。",
                            u"Arrange the sequence. Insert or move a shot at any time."));
-    add->setPlain(text(u"新增镜头", u"Add shot"));
+    add->setPlain(text(u"新增分镜", u"Add shot"));
     title->setCaption(text(u"幕名称", u"Act name"));
     progress->setPlain(text(u"%1 / %2 镜已完成", u"%1 / %2 shots complete")
                            .arg(act.completedCount())
                            .arg(act.activeCount()));
+    removal->setTexts(
+        text(u"删除这一幕…", u"Delete this act…"),
+        text(u"删除这一幕及其镜头？可撤销。", u"Delete this act and its shots? This can be undone."));
     sequence->setPlain(text(u"拍摄顺序", u"Shot sequence"));
     empty->setTexts(text(u"为这一幕添加第一镜", u"Add the first shot"),
                     text(u"先记录画面与动作，再决定拍摄时间。",

@@ -9,6 +9,7 @@ class EmptyCard;
 class Label;
 class LabeledField;
 class PageHeading;
+class RecordRemoval;
 class RowList;
 
 /// The storyboard desk of one act: the sequence of its shots.
@@ -26,6 +27,7 @@ private:
     void fillTexts(const Act& act);
     [[nodiscard]] QString facts(const Shot& shot) const;
     void addShot() const;
+    void showMenu(const Identifier& shotID, QWidget& opener);
 
     const Identifier projectID;
     const Identifier actID;
@@ -36,6 +38,7 @@ private:
     Label* sequence;
     EmptyCard* empty;
     RowList* shots;
+    RecordRemoval* removal;
 };
 
 }  // namespace vantry

@@ -1,5 +1,6 @@
 #include "Vantry/interface/shots/ShotView.h"
 
+#include "Vantry/app/Composition.h"
 #include "Vantry/app/QtText.h"
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Card.h"
@@ -10,11 +11,14 @@
 #include "Vantry/interface/design/ParagraphEditor.h"
 #include "Vantry/interface/design/RowList.h"
 #include "Vantry/interface/design/WorkLayout.h"
+#include "Vantry/interface/pages/RecordRemoval.h"
 #include "Vantry/interface/pages/RowKey.h"
 #include "Vantry/interface/shots/NewTake.h"
 #include "Vantry/interface/shots/NewTakeButton.h"
+#include "Vantry/interface/shots/ShotActions.h"
 #include "Vantry/interface/shots/ShotTexts.h"
 #include "Vantry/interface/shots/SoundPicker.h"
+#include "Vantry/interface/shots/StoryboardImage.h"
 
 namespace vantry {
 
@@ -29,13 +33,21 @@ ShotView::ShotView(PageContext given, const Identifier& project, const Identifie
     newTake =
         makeNewTakeButton(*heading, performing([this] { startNewTake(context, projectID, actID, shotID); }));
     cancelled = new Label(VantryType::Role::label, &Palette::warning, Label::Length::wrapped, body);
+    retained = new Label(VantryType::Role::label, &Palette::warning, Label::Length::wrapped, body);
     auto* plan = new QWidget(body);
     auto* parts = new WorkLayout(Metrics::sideWidth, Metrics::gapSection, plan);
     parts->addWidget(makeBrief(plan));
-    parts->addWidget(makeSound(plan));
-    for (QWidget* part : std::initializer_list<QWidget*>{heading, cancelled, plan})
+    auto* side = new QWidget(plan);
+    auto* cards = new QVBoxLayout(side);
+    cards->setContentsMargins(0, 0, 0, 0);
+    cards->setSpacing(Metrics::gapSection);
+    cards->addWidget(makeFrame(side));
+    cards->addWidget(makeSound(side));
+    parts->addWidget(side);
+    for (QWidget* part : std::initializer_list<QWidget*>{heading, cancelled, retained, plan})
         column().content().addWidget(part);
     makeTakes(body);
+    makeActions(body);
     column().content().addStretch();
 }
 
@@ -65,6 +77,34 @@ QWidget* ShotView::makeBrief(QWidget* parent) {
     return brief;
 }
 
+QWidget* ShotView::makeFrame(QWidget* parent) {
+    frame = new Card(parent);
+    image = new StoryboardImage(store(), frame);
+    importImage = new Button(Button::Kind::quiet, Glyph::photo, frame);
+    removeImage = new Button(Button::Kind::destructive, Glyph::trash, frame);
+    for (Button* button : {importImage, removeImage})
+        button->setPressedOnce();
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(Metrics::gapInline);
+    buttons->addWidget(importImage);
+    buttons->addStretch();
+    buttons->addWidget(removeImage);
+    frame->content().addWidget(image);
+    frame->content().addLayout(buttons);
+    connect(importImage, &Button::clicked, this, performing([this](bool) {
+                commitComposition();
+                store().importImage(projectID, actID, shotID);
+            }));
+    connect(removeImage, &Button::clicked, this, performing([this](bool) {
+                store().markCheckpoint();
+                store().updateShot(projectID, actID, shotID, [](Shot& shot) {
+                    shot.imageKey.reset();
+                    shot.strokes.clear();
+                });
+            }));
+    return frame;
+}
+
 QWidget* ShotView::makeSound(QWidget* parent) {
     sound = new Card(parent);
     mode = new SoundPicker(sound);
@@ -87,6 +127,33 @@ void ShotView::makeTakes(QWidget* body) {
     connect(takes, &RowList::activated, this, performing([this](const QByteArray& key) {
                 if (const auto id = recordOf(key))
                     go(Route::take(projectID, actID, shotID, *id));
+            }));
+}
+
+void ShotView::makeActions(QWidget* body) {
+    actionsTitle = new Label(VantryType::Role::heading, &Palette::ink, Label::Length::cut, body);
+    column().content().addWidget(actionsTitle);
+    insert = new Button(Button::Kind::quiet, Glyph::plus, body);
+    cancel = new Button(Button::Kind::quiet, Glyph::none, body);
+    cancel->setPressedOnce();
+    removal = makeRemoval(Route::act(projectID, actID), [this] {
+        store().updateAct(projectID, actID, [this](Act& act) {
+            std::erase_if(act.shots, [this](const auto& shot) { return shot->id == shotID; });
+        });
+    });
+    auto* row = new QHBoxLayout;
+    row->setSpacing(Metrics::gapInline);
+    row->addWidget(insert);
+    row->addWidget(cancel);
+    row->addStretch();
+    row->addWidget(&removal->button());
+    column().content().addLayout(row);
+    connect(insert, &Button::clicked, this, performing([this](bool) {
+                insertShotAfter(context, {projectID, actID, shotID});
+            }));
+    connect(cancel, &Button::clicked, this, performing([this](bool) {
+                if (const auto shot = store().shot(projectID, actID, shotID))
+                    setCancelled(context, {projectID, actID, shotID}, !shot->cancelled);
             }));
 }
 
@@ -113,7 +180,10 @@ bool ShotView::fill() {
     mode->fill(shot->soundMode, store().english());
     newTake->setEnabled(!shot->cancelled);
     cancelled->setVisible(shot->cancelled);
+    retained->setVisible(shot->conflictKey.has_value());
+    fillFrame(*shot);
     fillTakes(*shot);
+    fillActions(*shot);
     return true;
 }
 
@@ -122,6 +192,7 @@ void ShotView::fillTexts(const Act& act, const Shot& shot) {
     heading->setTexts(text(u"分镜计划 · ", u"Shot plan · ") + toQString(act.title), shotName(shot), {});
     newTake->setPlain(text(u"新 Take · ⌘ Return", u"New take · ⌘ Return"));
     cancelled->setPlain(text(u"本镜已取消拍摄 · 记录仍保留", u"Shoot cancelled · Records retained"));
+    retained->setPlain(text(u"保留版本", u"Retained version"));
     brief->setTitle(text(u"分镜内容", u"Shot brief"));
     code->setCaption(text(u"镜号", u"Code"));
     title->setCaption(text(u"标题", u"Title"));
@@ -134,6 +205,24 @@ void ShotView::fillTexts(const Act& act, const Shot& shot) {
     noTakes->setPlain(text(u"准备好开拍后，新建第一条 Take。笔记和素材名逐条记录。",
                            u"When you are ready, start the first take. Notes and media names are recorded "
                            u"separately for each take."));
+}
+
+void ShotView::fillFrame(const Shot& shot) {
+    frame->setTitle(text(u"画面", u"Frame"));
+    image->fill(shot, shotName(shot), text(u"导入图片或绘制分镜", u"Import or draw a storyboard"));
+    importImage->setPlain(text(u"导入", u"Import"));
+    removeImage->setPlain(text(u"移除图片", u"Remove image"));
+    removeImage->setEnabled(shot.imageKey || !shot.strokes.empty());
+}
+
+void ShotView::fillActions(const Shot& shot) {
+    actionsTitle->setPlain(text(u"镜头操作", u"Shot actions"));
+    insert->setPlain(text(u"在本镜后插镜", u"Insert shot after"));
+    cancel->setPlain(shot.cancelled ? text(u"恢复拍摄", u"Restore shot")
+                                    : text(u"取消本镜（保留记录）", u"Cancel shot (keep records)"));
+    removal->setTexts(
+        text(u"删除镜头…", u"Delete shot…"),
+        text(u"删除镜头及其 Take？可撤销。", u"Delete this shot and its takes? This can be undone."));
 }
 
 void ShotView::fillTakes(const Shot& shot) {

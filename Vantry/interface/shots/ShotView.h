@@ -10,8 +10,10 @@ class Label;
 class LabeledField;
 class PageHeading;
 class ParagraphField;
+class RecordRemoval;
 class RowList;
 class SoundPicker;
+class StoryboardImage;
 
 /// The plan of one shot and the takes logged for it.
 class ShotView final : public RecordPage {
@@ -26,11 +28,15 @@ protected:
 
 private:
     [[nodiscard]] QWidget* makeBrief(QWidget* parent);
+    [[nodiscard]] QWidget* makeFrame(QWidget* parent);
     [[nodiscard]] QWidget* makeSound(QWidget* parent);
     void makeTakes(QWidget* body);
+    void makeActions(QWidget* body);
     [[nodiscard]] TextBinding bind(Text Shot::*member) const;
     void fillTexts(const Act& act, const Shot& shot);
+    void fillFrame(const Shot& shot);
     void fillTakes(const Shot& shot);
+    void fillActions(const Shot& shot);
 
     const Identifier projectID;
     const Identifier actID;
@@ -38,18 +44,27 @@ private:
     PageHeading* heading = nullptr;
     Button* newTake = nullptr;
     Label* cancelled = nullptr;
+    Label* retained = nullptr;
     Card* brief = nullptr;
     LabeledField* code = nullptr;
     LabeledField* title = nullptr;
     ParagraphField* description = nullptr;
     LabeledField* framing = nullptr;
     LabeledField* movement = nullptr;
+    Card* frame = nullptr;
+    StoryboardImage* image = nullptr;
+    Button* importImage = nullptr;
+    Button* removeImage = nullptr;
     Card* sound = nullptr;
     SoundPicker* mode = nullptr;
     LabeledField* soundDescription = nullptr;
     Label* takesTitle = nullptr;
     Label* noTakes = nullptr;
     RowList* takes = nullptr;
+    Label* actionsTitle = nullptr;
+    Button* insert = nullptr;
+    Button* cancel = nullptr;
+    RecordRemoval* removal = nullptr;
 };
 
 }  // namespace vantry

@@ -12,6 +12,7 @@
 #include "Vantry/interface/design/SegmentedChoice.h"
 #include "Vantry/interface/design/StarRating.h"
 #include "Vantry/interface/design/WorkLayout.h"
+#include "Vantry/interface/pages/RecordRemoval.h"
 #include "Vantry/interface/shots/NewTake.h"
 #include "Vantry/interface/shots/NewTakeButton.h"
 #include "Vantry/interface/shots/ShotTexts.h"
@@ -35,13 +36,26 @@ TakeView::TakeView(PageContext given, const Identifier& project, const Identifie
     auto* parts = new WorkLayout(Metrics::sideWidth, Metrics::gapSection, desk);
     parts->addWidget(makeLog(desk));
     parts->addWidget(makeMedia(desk));
-    back = new Button(Button::Kind::quiet, Glyph::chevronLeft, body);
     column().content().addWidget(heading);
     column().content().addWidget(retained);
     column().content().addWidget(desk, 1);
-    column().content().addWidget(back);
-    connect(back, &Button::clicked, this,
-            performing([this](bool) { go(Route::shot(projectID, actID, shotID)); }));
+    makeFoot(body);
+}
+
+void TakeView::makeFoot(QWidget* body) {
+    const Route shot = Route::shot(projectID, actID, shotID);
+    back = new Button(Button::Kind::quiet, Glyph::chevronLeft, body);
+    removal = makeRemoval(shot, [this] {
+        store().updateShot(projectID, actID, shotID, [this](Shot& record) {
+            std::erase_if(record.takes, [this](const auto& take) { return take->id == takeID; });
+        });
+    });
+    auto* row = new QHBoxLayout;
+    row->addWidget(back);
+    row->addStretch();
+    row->addWidget(&removal->button());
+    column().content().addLayout(row);
+    connect(back, &Button::clicked, this, performing([this, shot](bool) { go(shot); }));
 }
 
 QWidget* TakeView::makeLog(QWidget* parent) {
@@ -145,6 +159,8 @@ bool TakeView::fill() {
                              u"Return starts a paragraph. Record performance, focus or sound as you go."));
     fillMedia(*take);
     back->setPlain(text(u"返回镜头", u"Back to shot"));
+    removal->setTexts(text(u"删除本条…", u"Delete take…"),
+                      text(u"删除这条 Take？可撤销。", u"Delete this take? This can be undone."));
     return true;
 }
 

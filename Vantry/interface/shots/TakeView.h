@@ -10,6 +10,7 @@ class Label;
 class LabeledField;
 class PageHeading;
 class ParagraphField;
+class RecordRemoval;
 class SegmentedChoice;
 class SoundPicker;
 class StarRating;
@@ -30,6 +31,7 @@ private:
     [[nodiscard]] QWidget* makeResultBar(QWidget* parent);
     [[nodiscard]] QWidget* makeMedia(QWidget* parent);
     [[nodiscard]] TextBinding bind(Text VantryTake::*member) const;
+    void makeFoot(QWidget* body);
     void changeTake(const std::function<void(VantryTake&)>& change) const;
     void fillResultBar(const VantryTake& take);
     void fillMedia(const VantryTake& take);
@@ -55,6 +57,7 @@ private:
     Label* soundNumber = nullptr;
     Label* kept = nullptr;
     Button* back = nullptr;
+    RecordRemoval* removal = nullptr;
 };
 
 }  // namespace vantry
