@@ -1,5 +1,7 @@
 // Every control of every page has a role and a name, in both languages.
 
+#include "Vantry/interface/design/Sheet.h"
+#include "Vantry/interface/shots/StoryboardImage.h"
 #include "tests/interface/window/WindowFixture.h"
 
 namespace vantry::test {
@@ -60,6 +62,7 @@ TEST_F(AccessibilityTest, TheLibrary) {
 TEST_F(AccessibilityTest, AProduction) {
     expectOnPage(Route::project(project), {{QAccessible::Button, "第 1 幕"},
                                            {QAccessible::Button, "Add act"},
+                                           {QAccessible::Button, "Delete project…"},
                                            {QAccessible::EditableText, "Project name"},
                                            {QAccessible::EditableText, "Director"},
                                            {QAccessible::EditableText, "Project notes"}});
@@ -69,7 +72,9 @@ TEST_F(AccessibilityTest, AnAct) {
     const QString row = toQString(shotRecord().code) + QStringLiteral(" 未命名镜头");
     expectOnPage(Route::act(project, act), {{QAccessible::Button, "Add shot"},
                                             {QAccessible::EditableText, "Act name"},
-                                            {QAccessible::Button, row}});
+                                            {QAccessible::Button, row},
+                                            {QAccessible::Button, "Shot actions"},
+                                            {QAccessible::Button, "Delete this act…"}});
 }
 
 TEST_F(AccessibilityTest, AShot) {
@@ -83,7 +88,16 @@ TEST_F(AccessibilityTest, AShot) {
                                {QAccessible::RadioButton, "MOS"},
                                {QAccessible::RadioButton, "Room Tone"},
                                {QAccessible::EditableText, "Sound"},
-                               {QAccessible::Button, "Take 01"}});
+                               {QAccessible::Button, "Import"},
+                               {QAccessible::Button, "Remove image"},
+                               {QAccessible::Button, "Take 01"},
+                               {QAccessible::Button, "Insert shot after"},
+                               {QAccessible::Button, "Cancel shot (keep records)"},
+                               {QAccessible::Button, "Delete shot…"}});
+    const auto* frame = QAccessible::queryAccessibleInterface(page().findChild<StoryboardImage*>());
+    EXPECT_EQ(frame->role(), QAccessible::Graphic);
+    EXPECT_EQ(frame->text(QAccessible::Name), toQString(shotRecord().code) + QStringLiteral(" 未命名镜头"));
+    EXPECT_EQ(frame->text(QAccessible::Description), QStringLiteral("Import or draw a storyboard"));
 }
 
 TEST_F(AccessibilityTest, ATake) {
@@ -102,7 +116,8 @@ TEST_F(AccessibilityTest, ATake) {
                                {QAccessible::RadioButton, "Room Tone"},
                                {QAccessible::EditableText, "Camera media names"},
                                {QAccessible::EditableText, "Mixer media name"},
-                               {QAccessible::Button, "Back to shot"}});
+                               {QAccessible::Button, "Back to shot"},
+                               {QAccessible::Button, "Delete take…"}});
     const auto* group = QAccessible::queryAccessibleInterface(&get(QStringLiteral("Take result"), &page()));
     ASSERT_NE(group, nullptr);
 }
@@ -122,6 +137,7 @@ TEST_F(AccessibilityTest, TheFrameOfTheWindow) {
                                                     {QAccessible::TreeItem, "候车室"},
                                                     {QAccessible::Button, "New project"},
                                                     {QAccessible::Button, "Back"},
+                                                    {QAccessible::Button, "Undo structure change"},
                                                     {QAccessible::Button, "Save"}})
         EXPECT_NE(std::find(found.begin(), found.end(), spoken), found.end())
             << testing::PrintToString(spoken);
@@ -145,6 +161,18 @@ TEST_F(AccessibilityTest, TheSheet) {
                                                      {QAccessible::EditableText, "Director"},
                                                      {QAccessible::Button, "Cancel"},
                                                      {QAccessible::Button, "Create"}}));
+}
+
+TEST_F(AccessibilityTest, TheQuestion) {
+    go(takeRoute());
+    clickOnPage(QStringLiteral("Delete take…"));
+    auto* sheet = topmost<QuestionSheet>();
+    ASSERT_NE(sheet, nullptr);
+    const auto* spoken = QAccessible::queryAccessibleInterface(sheet);
+    EXPECT_EQ(spoken->role(), QAccessible::Dialog);
+    EXPECT_EQ(spoken->text(QAccessible::Name), QStringLiteral("Delete this take? This can be undone."));
+    EXPECT_EQ(controls(*sheet),
+              (std::vector<Spoken>{{QAccessible::Button, "Cancel"}, {QAccessible::Button, "Delete"}}));
 }
 
 }  // namespace

@@ -78,8 +78,8 @@ TEST_F(NewTakeTest, DoubledClicksMakeOneActAndOneShot) {
     settle();
     EXPECT_EQ(store->project(project)->acts.size(), 2U);
     go(Route::act(project, act));
-    QTest::mouseClick(&get<QAbstractButton>(QStringLiteral("新增镜头")), Qt::LeftButton);
-    QTest::mouseClick(&get<QAbstractButton>(QStringLiteral("新增镜头")), Qt::LeftButton);
+    QTest::mouseClick(&get<QAbstractButton>(QStringLiteral("新增分镜")), Qt::LeftButton);
+    QTest::mouseClick(&get<QAbstractButton>(QStringLiteral("新增分镜")), Qt::LeftButton);
     settle();
     EXPECT_EQ(store->act(project, act)->shots.size(), 2U);
 }

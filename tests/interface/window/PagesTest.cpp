@@ -102,7 +102,8 @@ TEST_F(PagesTest, AShotListsItsTakesNewestLast) {
     go(shotRoute());
     EXPECT_EQ(detailOf(QStringLiteral("Take 01")), QStringLiteral("NG · 2 ★ · First line"));
     EXPECT_EQ(detailOf(QStringLiteral("Take 02")), QStringLiteral("待定 · 0 ★ · 还没有现场笔记"));
-    EXPECT_LT(get(QStringLiteral("Take 01")).y(), get(QStringLiteral("Take 02")).y());
+    const auto top = [this](const QString& row) { return get(row).mapTo(&page(), QPoint()).y(); };
+    EXPECT_LT(top(QStringLiteral("Take 01")), top(QStringLiteral("Take 02")));
     clickOnPage(QStringLiteral("Take 01"));
     EXPECT_EQ(route(), takeRoute());
     clickOnPage(QStringLiteral("返回镜头"));
@@ -187,9 +188,24 @@ TEST_F(PagesTest, TheCameraFieldExplainsItselfWhileItIsInUse) {
 }
 
 TEST_F(PagesTest, ARetainedTakeSaysSo) {
-    store->updateTake(project, act, shot, take, [](VantryTake& record) { record.conflictKey = Text("key"); });
+    const QString mark = QStringLiteral("合并保留的不同版本 · 原记录未覆盖");
     go(takeRoute());
-    EXPECT_TRUE(shows(QStringLiteral("合并保留的不同版本 · 原记录未覆盖")));
+    EXPECT_FALSE(shows(mark));
+    store->updateTake(project, act, shot, take, [](VantryTake& record) { record.conflictKey = Text("key"); });
+    settle();
+    EXPECT_TRUE(shows(mark));
+    go(shotRoute());
+    EXPECT_EQ(detailOf(QStringLiteral("Take 01")), QStringLiteral("待定 · 0 ★ · 还没有现场笔记 · 保留版本"));
+    EXPECT_FALSE(shows(QStringLiteral("保留版本"))) << "the shot itself is none";
+}
+
+TEST_F(PagesTest, ARetainedShotSaysSo) {
+    store->updateShot(project, act, shot, [](Shot& record) { record.conflictKey = Text("key"); });
+    go(shotRoute());
+    EXPECT_TRUE(shows(QStringLiteral("保留版本")));
+    store->setLanguage("en");
+    settle();
+    EXPECT_TRUE(shows(QStringLiteral("Retained version")));
 }
 
 TEST_F(PagesTest, ANameThatLooksLikeMarkupLooksAndSpeaksRight) {
@@ -226,14 +242,14 @@ TEST_F(PagesTest, TheKeyboardReachesEveryControlOfTheTakeInOrder) {
     go(takeRoute());
     get<QAbstractButton>(QStringLiteral("新 Take · ⌘ Return")).setFocus(Qt::TabFocusReason);
     QStringList reached;
-    for (int step = 0; step < 12; ++step) {
+    for (int step = 0; step < 13; ++step) {
         reached.append(
             QAccessible::queryAccessibleInterface(QApplication::focusWidget())->text(QAccessible::Name));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
-    EXPECT_EQ(reached,
-              (QStringList{"新 Take · ⌘ Return", "待定", "1 星", "2 星", "3 星", "4 星", "5 星",
-                           "现场笔记 · 自由输入", "同期声", "相机素材名", "Mixer 素材名", "返回镜头"}));
+    EXPECT_EQ(reached, (QStringList{"新 Take · ⌘ Return", "待定", "1 星", "2 星", "3 星", "4 星", "5 星",
+                                    "现场笔记 · 自由输入", "同期声", "相机素材名", "Mixer 素材名", "返回镜头",
+                                    "删除本条…"}));
 }
 
 }  // namespace

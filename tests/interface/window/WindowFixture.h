@@ -13,9 +13,11 @@
 #include <QAction>
 #include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QTest>
 
 #include "Vantry/app/AppDelegate.h"
+#include "Vantry/app/FilePanels.h"
 #include "Vantry/app/QtText.h"
 #include "Vantry/app/VantryApplication.h"
 #include "Vantry/app/VantryStore.h"
@@ -79,6 +81,35 @@ public:
     bool full = false;
 };
 
+/// A person in front of a chooser of files: takes the file that the test says, and may do things meanwhile.
+class FakePanels final : public FilePanels {
+public:
+    std::optional<std::filesystem::path> open(Content content, bool) override {
+        return choose(content, "open");
+    }
+    std::optional<std::filesystem::path> save(Content content, const std::string& suggestedName,
+                                              bool) override {
+        suggested = suggestedName;
+        return choose(content, "save");
+    }
+
+    std::optional<std::filesystem::path> choice;
+    std::function<void()> whileOpen;
+    bool isOpen = false;
+    std::string suggested;
+    std::vector<std::string> asked;  ///< what was asked for, such as "open image"
+
+private:
+    std::optional<std::filesystem::path> choose(Content content, const std::string& what) {
+        asked.push_back(what + (content == Content::image ? " image" : " backup"));
+        isOpen = true;
+        if (whileOpen)
+            whileOpen();
+        isOpen = false;
+        return choice;
+    }
+};
+
 /// The real window over a real store in a folder of its own, in a world that the test moves: it finds a
 /// control by the name that assistive tools hear, and clicks and types as a person does.
 class WindowTest : public testing::Test {
@@ -90,6 +121,7 @@ protected:
         around.clock = systemClock ? nullptr : &clock;
         around.keys = &VantryApplication::instance();
         around.disk = &disk;
+        around.panels = &panels;
         window.reset();
         store = std::make_unique<VantryStore>(root(), around);
         store->setLanguage(language);
@@ -99,6 +131,7 @@ protected:
                 whileAsking();
             return answerQuit;
         });
+        delegate->refuseWhile([this] { return panels.isOpen; });
         window = std::make_unique<RootView>(*store, *delegate);
         window->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
@@ -195,12 +228,30 @@ protected:
         QTest::simulateEvent(target, true, key, modifiers, QString(), repeated);
         settle();
     }
+    /// The sheet on top of everything.
+    template <class Sheet>
+    [[nodiscard]] static Sheet* topmost() {
+        return qobject_cast<Sheet*>(QApplication::activeModalWidget());
+    }
+    /// Presses a button of the question on screen.
+    void answer(const QString& name) const { click(name, QApplication::activeModalWidget()); }
+    /// Chooses from the window's menu.
+    void choose(const QString& entry) const {
+        for (auto* action : window->menuBar()->findChildren<QAction*>())
+            if (action->text() == entry && action->isEnabled()) {
+                action->trigger();
+                settle();
+                return;
+            }
+        throw std::runtime_error("the menu does not offer " + entry.toStdString());
+    }
     [[nodiscard]] const Shot& shotRecord() const { return *(held = store->shot(project, act, shot)); }
     [[nodiscard]] VantryTake takeRecord() const { return *store->take(project, act, shot, take); }
 
     support::TemporaryFolder folder;
     ManualClock clock;
     FullDisk disk;
+    FakePanels panels;
     Text language = "zh";
     bool answerQuit = false;
     std::function<void()> whileAsking;
