@@ -1,6 +1,6 @@
-"""Makes the fuzzers' first inputs from the cases of the tests, a folder for each fuzzer.
+"""Makes the fuzzers' first inputs from the cases and the images of the tests, a folder for each fuzzer.
 
-Usage: seeds.py VECTORS FOLDER
+Usage: seeds.py VECTORS IMAGES FOLDER
 """
 
 import hashlib
@@ -33,7 +33,17 @@ SEEDS = {
 }
 
 
-def main(vectors, folder):
+def keep(folder, fuzzer, content):
+    if len(content) > LARGEST:
+        return
+    target = pathlib.Path(folder) / fuzzer
+    target.mkdir(parents=True, exist_ok=True)
+    (target / hashlib.sha256(content).hexdigest()[:16]).write_bytes(content)
+
+
+def main(vectors, images, folder):
+    for path in sorted(pathlib.Path(images).iterdir()):
+        keep(folder, "image", path.read_bytes())
     for path in sorted(pathlib.Path(vectors).glob("*.jsonl")):
         for line in path.read_text(encoding="utf-8").splitlines():
             case = json.loads(line)
@@ -43,15 +53,10 @@ def main(vectors, folder):
             text = make(case["in"])
             if text is None:
                 continue
-            content = text.encode("utf-8", "surrogatepass")
-            if len(content) > LARGEST:
-                continue
-            target = pathlib.Path(folder) / fuzzer
-            target.mkdir(parents=True, exist_ok=True)
-            (target / hashlib.sha256(content).hexdigest()[:16]).write_bytes(content)
+            keep(folder, fuzzer, text.encode("utf-8", "surrogatepass"))
 
 
 if __name__ == "__main__":
-    if len(sys.argv) != 3:
+    if len(sys.argv) != 4:
         sys.exit(__doc__)
-    main(sys.argv[1], sys.argv[2])
+    main(*sys.argv[1:])

@@ -36,7 +36,6 @@ VantryStore::VantryStore(const std::optional<std::filesystem::path>& root, Surro
     , loadFailed_(false, notifier(Member::loadFailed))
     , folder(chooseFolder(root))
     , savedLibrary_({}, notifier(Member::savedLibrary))
-    , pendingCheckpoint_(std::nullopt, notifier(Member::checkpoint))
     , images(folder) {
     if (around_.clock == nullptr)
         around_.clock = &Clock::system();

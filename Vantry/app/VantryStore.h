@@ -6,7 +6,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include <QImage>
 #include <QObject>
@@ -14,8 +13,10 @@
 
 #include "Vantry/app/Clock.h"
 #include "Vantry/app/Observed.h"
+#include "Vantry/app/StoreMember.h"
 #include "Vantry/app/StoryboardImages.h"
 #include "Vantry/app/Surroundings.h"
+#include "Vantry/app/UndoHistory.h"
 #include "Vantry/app/VantryCreationGate.h"
 #include "VantryCore/persistence/Merge.h"
 #include "VantryCore/persistence/SavedFile.h"
@@ -32,21 +33,7 @@ class VantryStore final : public QObject {
     Q_OBJECT
 
 public:
-    /// What a notification is about.
-    enum class Member {
-        library,
-        savedLibrary,
-        language,
-        appearance,
-        error,
-        notice,
-        savedAt,
-        saveFailed,
-        loadFailed,
-        checkpoint,
-        undoHistory
-    };
-    Q_ENUM(Member)
+    using Member = StoreMember;
 
     /// Opens the library in `root`; without one, in the folder that VANTRY_DATA_DIR names, else in the user's
     /// data folder. A folder that is not there is an empty library; it appears with the first `flush`. A
@@ -76,49 +63,43 @@ public:
     void setNotice(std::optional<Text> text) { notice_.set(std::move(text)); }
 
     // Lookups: the record as it is now, first match, or null. It is a value of this moment and never changes.
-    [[nodiscard]] std::shared_ptr<const Project> project(const Identifier& projectID) const;
-    [[nodiscard]] std::shared_ptr<const Act> act(const Identifier& projectID, const Identifier& actID) const;
-    [[nodiscard]] std::shared_ptr<const Shot> shot(const Identifier& projectID, const Identifier& actID,
-                                                   const Identifier& shotID) const;
-    [[nodiscard]] std::shared_ptr<const VantryTake> take(const Identifier& projectID, const Identifier& actID,
-                                                         const Identifier& shotID,
-                                                         const Identifier& takeID) const;
+    [[nodiscard]] std::shared_ptr<const Project> project(Identifier projectID) const;
+    [[nodiscard]] std::shared_ptr<const Act> act(Identifier projectID, Identifier actID) const;
+    [[nodiscard]] std::shared_ptr<const Shot> shot(Identifier projectID, Identifier actID,
+                                                   Identifier shotID) const;
+    [[nodiscard]] std::shared_ptr<const VantryTake> take(Identifier projectID, Identifier actID,
+                                                         Identifier shotID, Identifier takeID) const;
 
+    template <class T>
+    using Change = std::function<void(T&)>;
     // Edits: `mutate` changes the record; it must not call the store. If it throws, nothing has changed.
     // The save follows 0.35 s after the last edit.
-    void updateProject(const Identifier& projectID, const std::function<void(Project&)>& mutate);
-    void updateAct(const Identifier& projectID, const Identifier& actID,
-                   const std::function<void(Act&)>& mutate);
-    void updateShot(const Identifier& projectID, const Identifier& actID, const Identifier& shotID,
-                    const std::function<void(Shot&)>& mutate);
-    void updateTake(const Identifier& projectID, const Identifier& actID, const Identifier& shotID,
-                    const Identifier& takeID, const std::function<void(VantryTake&)>& mutate);
+    void updateProject(Identifier projectID, const Change<Project>& mutate);
+    void updateAct(Identifier projectID, Identifier actID, const Change<Act>& mutate);
+    void updateShot(Identifier projectID, Identifier actID, Identifier shotID, const Change<Shot>& mutate);
+    void updateTake(Identifier projectID, Identifier actID, Identifier shotID, Identifier takeID,
+                    const Change<VantryTake>& mutate);
 
     // Creations: the new record's identifier, or one that names nothing when the target is not there.
     Identifier addProject(const Text& title, const Text& director);  ///< on disk at once
-    Identifier addAct(const Identifier& projectID);
-    Identifier addShot(const Identifier& projectID, const Identifier& actID,
-                       const std::optional<Identifier>& after = {});
-    Identifier addTake(const Identifier& projectID, const Identifier& actID, const Identifier& shotID);
-    void moveShot(const Identifier& projectID, const Identifier& actID, const Identifier& shotID,
-                  std::int64_t offset);
-    void moveShotBefore(const Identifier& projectID, const Identifier& actID, const Identifier& shotID,
-                        const Identifier& targetID);
+    Identifier addAct(Identifier projectID);
+    Identifier addShot(Identifier projectID, Identifier actID, const std::optional<Identifier>& after = {});
+    Identifier addTake(Identifier projectID, Identifier actID, Identifier shotID);
+    void moveShot(Identifier projectID, Identifier actID, Identifier shotID, std::int64_t offset);
+    void moveShotBefore(Identifier projectID, Identifier actID, Identifier shotID, Identifier targetID);
     /// Takes the project out of the library and saves at once.
-    void removeProject(const Identifier& projectID);
+    void removeProject(Identifier projectID);
     /// Lets the project learn the values that it has no default for.
-    void recordDefaults(const Identifier& projectID, const Parameters& values);
+    void recordDefaults(Identifier projectID, const Parameters& values);
 
     /// Asked in front of every creation; false means: do nothing and show nothing.
     [[nodiscard]] bool acceptCreation(const VantryCreationAction& action);
 
-    // Structural undo: takes back one change and nothing that was written later.
-
     /// Remembers the library as it is before a structural change; first step of each.
     void markCheckpoint();
     [[nodiscard]] bool canUndo() const;
-    /// Takes the newest structural change back and saves at once. A failure goes to `error` and changes
-    /// nothing; the same undo can be tried again.
+    /// Takes the newest structural change back, nothing that was written later, and saves at once. A failure
+    /// goes to `error` and changes nothing; the same undo can be tried again.
     void undo();
 
     // Exchange with another machine. Each call lasts until the person has answered the panel.
@@ -133,7 +114,7 @@ public:
     MergeReport mergeBackupData(std::string file);
 
     /// Brings an image that the person chooses into the shot.
-    void importImage(const Identifier& projectID, const Identifier& actID, const Identifier& shotID);
+    void importImage(Identifier projectID, Identifier actID, Identifier shotID);
     /// The image of that key, no larger than `bound` and not enlarged; a null image when there is no key, no
     /// file or no image in it.
     [[nodiscard]] QImage image(const std::optional<Text>& key, const QSize& bound);
@@ -145,22 +126,14 @@ public:
 
 signals:
     /// A member has a different value. Never sent for an equal one.
-    void changed(vantry::VantryStore::Member member);
+    void changed(vantry::StoreMember member);
 
 private:
-    /// The library around one structural change.
-    struct UndoEntry {
-        Library before;
-        Library after;
-    };
-
     void load();
     void commitCheckpoint();
     void nowSaved();
-    void writeBackup(const std::filesystem::path& file) const;
     void report(const std::exception& failure);
     [[nodiscard]] std::function<void()> notifier(Member member);
-    [[nodiscard]] bool libraryFileExists() const;
 
     Surroundings around_;
     Observed<Library> library_;
@@ -176,8 +149,7 @@ private:
     std::unique_ptr<DelayedCall> saveTask;
     Observed<Library> savedLibrary_;
     std::optional<Text> saveError;
-    std::vector<UndoEntry> undoHistory;  ///< oldest first
-    Observed<std::optional<Library>> pendingCheckpoint_;
+    UndoHistory history;
     StoryboardImages images;
     SavedFile savedFile;
 };

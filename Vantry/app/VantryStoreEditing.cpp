@@ -21,29 +21,28 @@ std::shared_ptr<const T> lookUp(const NodeList<T>& list, const Identifier& id) {
 
 }  // namespace
 
-std::shared_ptr<const Project> VantryStore::project(const Identifier& projectID) const {
+std::shared_ptr<const Project> VantryStore::project(Identifier projectID) const {
     return lookUp(library().projects, projectID);
 }
 
-std::shared_ptr<const Act> VantryStore::act(const Identifier& projectID, const Identifier& actID) const {
+std::shared_ptr<const Act> VantryStore::act(Identifier projectID, Identifier actID) const {
     const auto found = project(projectID);
     return found ? lookUp(found->acts, actID) : nullptr;
 }
 
-std::shared_ptr<const Shot> VantryStore::shot(const Identifier& projectID, const Identifier& actID,
-                                              const Identifier& shotID) const {
+std::shared_ptr<const Shot> VantryStore::shot(Identifier projectID, Identifier actID,
+                                              Identifier shotID) const {
     const auto found = act(projectID, actID);
     return found ? lookUp(found->shots, shotID) : nullptr;
 }
 
-std::shared_ptr<const VantryTake> VantryStore::take(const Identifier& projectID, const Identifier& actID,
-                                                    const Identifier& shotID,
-                                                    const Identifier& takeID) const {
+std::shared_ptr<const VantryTake> VantryStore::take(Identifier projectID, Identifier actID, Identifier shotID,
+                                                    Identifier takeID) const {
     const auto found = shot(projectID, actID, shotID);
     return found ? lookUp(found->takes, takeID) : nullptr;
 }
 
-void VantryStore::updateProject(const Identifier& projectID, const std::function<void(Project&)>& mutate) {
+void VantryStore::updateProject(Identifier projectID, const Change<Project>& mutate) {
     if (loadFailed())
         return;
     const std::size_t index = indexOfRecord(library().projects, projectID);
@@ -56,24 +55,23 @@ void VantryStore::updateProject(const Identifier& projectID, const std::function
     saveSoon();
 }
 
-void VantryStore::updateAct(const Identifier& projectID, const Identifier& actID,
-                            const std::function<void(Act&)>& mutate) {
+void VantryStore::updateAct(Identifier projectID, Identifier actID, const Change<Act>& mutate) {
     updateProject(projectID, [&](Project& project) {
         if (Act* act = editRecord(project.acts, actID))
             mutate(*act);
     });
 }
 
-void VantryStore::updateShot(const Identifier& projectID, const Identifier& actID, const Identifier& shotID,
-                             const std::function<void(Shot&)>& mutate) {
+void VantryStore::updateShot(Identifier projectID, Identifier actID, Identifier shotID,
+                             const Change<Shot>& mutate) {
     updateAct(projectID, actID, [&](Act& act) {
         if (Shot* shot = editRecord(act.shots, shotID))
             mutate(*shot);
     });
 }
 
-void VantryStore::updateTake(const Identifier& projectID, const Identifier& actID, const Identifier& shotID,
-                             const Identifier& takeID, const std::function<void(VantryTake&)>& mutate) {
+void VantryStore::updateTake(Identifier projectID, Identifier actID, Identifier shotID, Identifier takeID,
+                             const Change<VantryTake>& mutate) {
     updateShot(projectID, actID, shotID, [&](Shot& shot) {
         if (VantryTake* take = editRecord(shot.takes, takeID))
             mutate(*take);
@@ -94,7 +92,7 @@ Identifier VantryStore::addProject(const Text& title, const Text& director) {
     return id;
 }
 
-Identifier VantryStore::addAct(const Identifier& projectID) {
+Identifier VantryStore::addAct(Identifier projectID) {
     markCheckpoint();
     Identifier id = Identifier::random();
     updateProject(projectID, [&](Project& project) {
@@ -106,7 +104,7 @@ Identifier VantryStore::addAct(const Identifier& projectID) {
     return id;
 }
 
-Identifier VantryStore::addShot(const Identifier& projectID, const Identifier& actID,
+Identifier VantryStore::addShot(Identifier projectID, Identifier actID,
                                 const std::optional<Identifier>& after) {
     const auto found = project(projectID);
     const Parameters defaults = found ? found->defaults : Parameters{};
@@ -118,25 +116,23 @@ Identifier VantryStore::addShot(const Identifier& projectID, const Identifier& a
     return id;
 }
 
-Identifier VantryStore::addTake(const Identifier& projectID, const Identifier& actID,
-                                const Identifier& shotID) {
+Identifier VantryStore::addTake(Identifier projectID, Identifier actID, Identifier shotID) {
     markCheckpoint();
     Identifier id = Identifier::random();
     updateProject(projectID, [&](Project& project) { id = project.addTake(actID, shotID).value_or(id); });
     return id;
 }
 
-void VantryStore::moveShot(const Identifier& projectID, const Identifier& actID, const Identifier& shotID,
-                           std::int64_t offset) {
+void VantryStore::moveShot(Identifier projectID, Identifier actID, Identifier shotID, std::int64_t offset) {
     updateAct(projectID, actID, [&](Act& act) { act.moveShot(shotID, offset); });
 }
 
-void VantryStore::moveShotBefore(const Identifier& projectID, const Identifier& actID,
-                                 const Identifier& shotID, const Identifier& targetID) {
+void VantryStore::moveShotBefore(Identifier projectID, Identifier actID, Identifier shotID,
+                                 Identifier targetID) {
     updateAct(projectID, actID, [&](Act& act) { act.moveShotBefore(shotID, targetID); });
 }
 
-void VantryStore::removeProject(const Identifier& projectID) {
+void VantryStore::removeProject(Identifier projectID) {
     if (loadFailed())
         return;
     Library next = library();
@@ -145,7 +141,7 @@ void VantryStore::removeProject(const Identifier& projectID) {
     flush();
 }
 
-void VantryStore::recordDefaults(const Identifier& projectID, const Parameters& values) {
+void VantryStore::recordDefaults(Identifier projectID, const Parameters& values) {
     updateProject(projectID, [&](Project& project) { project.captureFirstValues(values); });
 }
 

@@ -54,6 +54,13 @@ std::string backupOf(const Library& library, const MediaFolder& folder) {
     return file;
 }
 
+void writeBackup(const std::filesystem::path& file, const VantryStore& store, FileOperations& disk) {
+    const std::string bytes = backupOf(store.library(), MediaFolder(store.root(), disk));
+    // Nothing leaves that could not come back.
+    (void)VantryBackup::decodePadded(bytes);
+    AtomicFile::write(file, bytes, disk);
+}
+
 }  // namespace
 
 void VantryStore::exportBackup() {
@@ -65,20 +72,13 @@ void VantryStore::exportBackup() {
     if (!file)
         return;
     try {
-        writeBackup(*file);
+        writeBackup(*file, *this, *around_.disk);
     } catch (const std::exception& failure) {
         report(failure);
         return;
     }
     notice_.set(english() ? Text("Backup exported, including storyboard images.")
                           : Text("备份已导出，包含分镜图片。"));
-}
-
-void VantryStore::writeBackup(const std::filesystem::path& file) const {
-    const std::string bytes = backupOf(library(), MediaFolder(root(), *around_.disk));
-    // Nothing leaves that could not come back.
-    (void)VantryBackup::decodePadded(bytes);
-    AtomicFile::write(file, bytes, *around_.disk);
 }
 
 void VantryStore::importBackup() {
@@ -121,8 +121,7 @@ MergeReport VantryStore::mergeBackupData(std::string file) {
     return merge;
 }
 
-void VantryStore::importImage(const Identifier& projectID, const Identifier& actID,
-                              const Identifier& shotID) {
+void VantryStore::importImage(Identifier projectID, Identifier actID, Identifier shotID) {
     if (loadFailed() || around_.panels == nullptr)
         return;
     const auto file = around_.panels->open(FilePanels::Content::image, english());
@@ -136,6 +135,10 @@ void VantryStore::importImage(const Identifier& projectID, const Identifier& act
     } catch (const std::exception& failure) {
         report(failure);
     }
+}
+
+void VantryStore::report(const std::exception& failure) {
+    error_.set(Text(localizedDescription(failure)));
 }
 
 QImage VantryStore::image(const std::optional<Text>& key, const QSize& bound) {

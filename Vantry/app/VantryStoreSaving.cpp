@@ -11,6 +11,14 @@ namespace {
 /// How long the library rests after an edit before it is written.
 constexpr std::chrono::milliseconds saveDelay{350};
 
+bool exists(const std::filesystem::path& file, FileOperations& disk) {
+    try {
+        return disk.status(file).has_value();
+    } catch (const std::exception&) {
+        return false;  // the write will tell what is in the way
+    }
+}
+
 }  // namespace
 
 void VantryStore::load() {
@@ -28,20 +36,12 @@ void VantryStore::saveSoon() {
     saveTask = around_.clock->callAfter(saveDelay, [this] { flush(); });
 }
 
-bool VantryStore::libraryFileExists() const {
-    try {
-        return around_.disk->status(libraryFile()).has_value();
-    } catch (const std::exception&) {
-        return false;  // the write will tell what is in the way
-    }
-}
-
 bool VantryStore::flush() {
     saveTask.reset();
     commitCheckpoint();
     if (loadFailed())
         return false;
-    if (!hasUnsavedChanges() && !saveFailed() && libraryFileExists())
+    if (!hasUnsavedChanges() && !saveFailed() && exists(libraryFile(), *around_.disk))
         return true;
     try {
         DiskStore::write(library(), libraryFile(), &savedFile, *around_.disk);

@@ -1,52 +1,36 @@
-// Structural undo: a bounded history of changes, each a library before and after.
+// Structural undo: which changes are remembered, and how one is taken back.
 
 #include "Vantry/app/VantryStore.h"
 
 #include <utility>
 
 #include "VantryCore/persistence/RecordDelta.h"
-#include "VantryCore/persistence/VantryError.h"
 
 namespace vantry {
-namespace {
-
-constexpr std::size_t deepestHistory = 20;
-
-}  // namespace
 
 void VantryStore::markCheckpoint() {
     if (loadFailed())
         return;
     commitCheckpoint();
-    pendingCheckpoint_.set(library());
+    history.begin(library());
 }
 
 void VantryStore::commitCheckpoint() {
-    if (!*pendingCheckpoint_)
-        return;
-    UndoEntry entry{**pendingCheckpoint_, library()};
-    pendingCheckpoint_.set(std::nullopt);
-    if (entry.before == entry.after)
-        return;
-    undoHistory.push_back(std::move(entry));
-    if (undoHistory.size() > deepestHistory)
-        undoHistory.erase(undoHistory.begin());
-    emit changed(Member::undoHistory);
+    if (history.commit(library()))
+        emit changed(Member::undoHistory);
 }
 
 bool VantryStore::canUndo() const {
-    if (loadFailed())
-        return false;
-    return !undoHistory.empty() || (*pendingCheckpoint_ && !(**pendingCheckpoint_ == library()));
+    return !loadFailed() && history.canUndo(library());
 }
 
 void VantryStore::undo() {
     if (loadFailed())
         return;
     commitCheckpoint();
-    if (undoHistory.empty())
+    if (history.empty())
         return;
-    const UndoEntry& newest = undoHistory.back();
+    const UndoEntry& newest = history.newest();
     try {
         Library result = RecordDelta::undo(newest.before, newest.after, library(), savedFile.valid);
         library_.set(std::move(result));
@@ -54,13 +38,9 @@ void VantryStore::undo() {
         report(failure);
         return;
     }
-    undoHistory.pop_back();
+    history.dropNewest();
     emit changed(Member::undoHistory);
     flush();
-}
-
-void VantryStore::report(const std::exception& failure) {
-    error_.set(Text(localizedDescription(failure)));
 }
 
 }  // namespace vantry

@@ -8,8 +8,8 @@ namespace vantry {
 /// under the keys "id", "conflictKey" and "sourceID", at every depth. Numbers, dates and orders are content.
 /// Of projects, an absent list of people, sheets or references is the same as an empty one.
 ///
-/// It is the comparison of the two JSON forms without identity, found without making them. Records that have
-/// no JSON form (a float that is not finite) are not the same as anything.
+/// It is the comparison of the two JSON forms without identity, found without making them. For records that
+/// have no JSON form, because a float is not finite, the answer says nothing.
 /// Defined for Project, Act, Shot and VantryTake.
 template <class T>
 [[nodiscard]] bool sameContent(const T& a, const T& b);

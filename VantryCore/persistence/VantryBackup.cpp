@@ -9,7 +9,7 @@
 namespace vantry {
 namespace {
 
-/// Base64 is a third longer than the bytes; every 32nd of its characters is a "/", which is escaped.
+/// Base64 is a third longer than the bytes; about every 64th of its characters is a "/", which is escaped.
 std::size_t encodedSize(std::size_t bytes) {
     return bytes / 3 * 4 + bytes / 20 + 200;
 }

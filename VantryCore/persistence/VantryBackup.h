@@ -41,7 +41,7 @@ struct VantryBackup {
     /// The envelope of a library and its images. Whether the images are complete shows in `decode`.
     VantryBackup(Library content, Media images);
 
-    /// The JSON form, into memory that is asked for once, with room behind it for decoding in place.
+    /// The JSON form, with room behind it for decoding in place. Memory for the images is asked for once.
     [[nodiscard]] static std::string encode(const VantryBackup& backup);
 
     /// The checked backup in the bytes of a file. Fails at the first of these, in this order:

@@ -47,15 +47,14 @@ protected:
         FaultyFileOperations operations;
         if (!syncs)
             operations.skipSyncs();
-        bool importing = false;
-        operations.beforeStep = [&](std::size_t step, const std::string&) {
-            if (importing && step >= dieAtStep && dieAtStep != 0)
-                ::raise(SIGKILL);
-        };
         faults = &operations;
         const auto store = open();
-        importing = true;
-        dieAtStep += operations.steps();
+        if (dieAtStep != 0)
+            operations.beforeStep = [last = dieAtStep + operations.steps()](std::size_t step,
+                                                                            const std::string&) {
+                if (step >= last)
+                    ::raise(SIGKILL);
+            };
         if (::write(begun, "b", 1) != 1)
             ::_exit(2);
         try {
@@ -166,7 +165,7 @@ TEST_F(ImportKillTest, LeavesTheOldOrTheMergedLibraryAndCanBeRepeated) {
               << " of them among the images, " << leftovers << " a temporary file, " << foundMerged
               << " the merged library\n";
     EXPECT_EQ(foundOld + foundMerged, kills);
-    EXPECT_GT(foundMerged, 0);
+    EXPECT_GT(foundMerged, 10);
     EXPECT_GT(amongImages, kills / 4);
 }
 
