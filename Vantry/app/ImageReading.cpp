@@ -32,6 +32,13 @@ QSize fitted(const QSize& size, const QSize& bound) {
     return size.scaled(bound, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
 }
 
+QImage scaledInto(const QImage& image, const QSize& bound) {
+    const QSize size = fitted(image.size(), bound);
+    if (image.isNull() || size == image.size())
+        return image;
+    return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 QImage readByQt(std::string_view bytes, const QSize& bound) {
     QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
     QBuffer buffer(&data);
@@ -51,7 +58,8 @@ QImage readByQt(std::string_view bytes, const QSize& bound) {
     const QSize scaled = fitted(size, turned ? bound.transposed() : bound);
     if (scaled != size)
         reader.setScaledSize(scaled);
-    return reader.read();
+    // A file may hold another size than its head announces.
+    return scaledInto(reader.read(), bound);
 }
 
 template <auto release>
@@ -102,10 +110,8 @@ QImage readByHeif(std::string_view bytes, const QSize& bound) {
     const QImage view(plane, heif_image_get_width(image.get(), heif_channel_interleaved),
                       heif_image_get_height(image.get(), heif_channel_interleaved), stride,
                       alpha ? QImage::Format_RGBA8888 : QImage::Format_RGB888);
-    const QSize size = fitted(view.size(), bound);
-    if (size == view.size())
-        return view.copy();
-    return view.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    // The copy outlives what libheif holds.
+    return scaledInto(view, bound).copy();
 }
 
 }  // namespace

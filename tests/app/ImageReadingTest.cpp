@@ -128,6 +128,17 @@ std::string pretendingPng(quint32 width, quint32 height) {
     return bytes;
 }
 
+TEST(ImageReading, StaysWithinTheBoundWhenAFileHoldsAnotherSizeThanItAnnounces) {
+    std::string bytes = support::contentOf(std::filesystem::path(TEST_IMAGES) / "small.gif");
+    // The screen that the head of a GIF announces: 8 by 15110.
+    bytes[8] = '\x06';
+    bytes[9] = '\x3B';
+    const QImage image = readImage(bytes, QSize(48, 40));
+    EXPECT_FALSE(image.isNull());
+    EXPECT_LE(image.width(), 48);
+    EXPECT_LE(image.height(), 40);
+}
+
 TEST(ImageReading, TakesAPictureOfTooManyPixelsForNone) {
     EXPECT_FALSE(isImage(pretendingPng(20001, 20000)));
     EXPECT_FALSE(isImage(pretendingPng(0x7FFFFFFF, 0x7FFFFFFF)));
