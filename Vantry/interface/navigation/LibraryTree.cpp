@@ -173,8 +173,8 @@ void LibraryTree::currentChanged(const QModelIndex& current, const QModelIndex& 
 }
 
 void LibraryTree::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
-    QAbstractItemView::selectionChanged(selected,
-                                        deselected);  // NOLINT(bugprone-parent-virtual-call): see above
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): see above
+    QAbstractItemView::selectionChanged(selected, deselected);
     viewport()->update();
     for (const QModelIndex& index : selected.indexes())
         announceRow(*this, index, QAccessible::Selection);

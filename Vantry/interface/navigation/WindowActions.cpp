@@ -34,8 +34,7 @@ WindowActions::WindowActions(VantryStore& opened, QMenuBar& bar)
     , undoAction(add(edit))
     , saveAction(add(file))
     , exportAction(add(file))
-    , importAction(add(file))
-    , quitAction(nullptr) {
+    , importAction(add(file)) {
     file->addSeparator();
     quitAction = add(file);
     quitAction->setMenuRole(QAction::QuitRole);

@@ -53,7 +53,7 @@ private:
     QAction* saveAction;
     QAction* exportAction;
     QAction* importAction;
-    QAction* quitAction;
+    QAction* quitAction = nullptr;
 };
 
 }  // namespace vantry
