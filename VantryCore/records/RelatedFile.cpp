@@ -74,7 +74,7 @@ bool isIPLiteral(std::string_view inside) {
         return std::all_of(version.begin(), version.end(), isHexDigit) &&
                std::all_of(address.begin(), address.end(), [](char c) { return isPlain(c) || c == ':'; });
     }
-    in6_addr address;
+    in6_addr address{};
     return inside.find('\0') == std::string_view::npos &&
            ::inet_pton(AF_INET6, std::string(inside).c_str(), &address) == 1;
 }
