@@ -65,7 +65,7 @@ TEST_F(ExportTest, SuggestsTheDayAsTheMachineShowsIt) {
     clock.advance(static_cast<long long>((evening - clock.now().seconds) * 1000));
     store->exportBackup();
     EXPECT_EQ(panels.lastName, "Vantry-2026-11-15.vantry");
-    clock.advance(30 * 60 * 1000);
+    clock.advance(30 * 60 * 1000LL);
     store->exportBackup();
     EXPECT_EQ(panels.lastName, "Vantry-2026-11-16.vantry");
     if (before != nullptr)
@@ -126,8 +126,9 @@ TEST_F(ExportTest, TakesImagesOfExactly100MillionBytesAndNotOneMore) {
 TEST_F(ExportTest, FailsWhenTheFileWouldBeTooLarge) {
     // Images within their limit, and a library of a hundred million bytes beside them.
     giveImage(80'000'000);
-    store->updateTake(project, act, shot, take,
-                      [](VantryTake& record) { record.notes = Text(std::string(100'000'000, 'n')); });
+    std::string notes;
+    notes.assign(100'000'000, 'n');
+    store->updateTake(project, act, shot, take, [&](VantryTake& record) { record.notes = Text(notes); });
     store->exportBackup();
     EXPECT_EQ(store->error(), tooLarge);
     EXPECT_FALSE(fs::exists(outside("backup.vantry")));
