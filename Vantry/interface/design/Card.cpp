@@ -3,19 +3,15 @@
 #include <QPainter>
 
 #include "Vantry/interface/design/Metrics.h"
+#include "Vantry/interface/design/Surface.h"
 
 namespace vantry {
 namespace {
 
-void paintSurface(QWidget& widget) {
+void paintCard(QPainter& painter, const QWidget& widget) {
     const Palette& palette = Palette::of(widget);
-    QPainter painter(&widget);
-    painter.setRenderHint(QPainter::Antialiasing);
-    constexpr qreal half = Metrics::hairline / 2.0;
-    painter.setPen(QPen(palette.rule, Metrics::hairline));
-    painter.setBrush(palette.card);
-    painter.drawRoundedRect(QRectF(widget.rect()).adjusted(half, half, -half, -half), Metrics::radiusCard,
-                            Metrics::radiusCard);
+    paintSurface(painter, widget.rect(),
+                 {palette.card, palette.rule, Metrics::hairline, Metrics::radiusCard});
 }
 
 }  // namespace
@@ -38,7 +34,8 @@ void Card::setTitle(const QString& title) {
 }
 
 void Card::paintEvent(QPaintEvent*) {
-    paintSurface(*this);
+    QPainter painter(this);
+    paintCard(painter, *this);
 }
 
 EmptyCard::EmptyCard(Glyph sign, QWidget* parent)
@@ -68,8 +65,8 @@ void EmptyCard::setTexts(const QString& titleText, const QString& subtitleText) 
 }
 
 void EmptyCard::paintEvent(QPaintEvent*) {
-    paintSurface(*this);
     QPainter painter(this);
+    paintCard(painter, *this);
     paintGlyph(painter, glyph,
                QRectF((width() - Metrics::iconEmpty) / 2.0, Metrics::paddingEmpty, Metrics::iconEmpty,
                       Metrics::iconEmpty),

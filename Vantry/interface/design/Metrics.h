@@ -24,6 +24,8 @@ struct Metrics {
     static constexpr int paddingField = 12;
     static constexpr int paddingEditor = 10;
     static constexpr int paddingSidebar = 12;
+    static constexpr int paddingMenu = 6;
+    static constexpr int paddingMenuItem = 12;
     static constexpr int paddingBrand = 20;
 
     // Lines and corners.
@@ -33,6 +35,7 @@ struct Metrics {
     static constexpr int stroke = 2;             ///< a line of a drawing
     static constexpr int radiusControl = 8;
     static constexpr int radiusTrack = 12;
+    static constexpr int radiusPanel = 12;  ///< what lies over a window: sheets, menus
     static constexpr int radiusCard = 24;
 
     // Things of a fixed size.
@@ -55,6 +58,9 @@ struct Metrics {
     static constexpr int scrollMargin = 3;
     static constexpr int scrollStrip = scrollHandle + 2 * scrollMargin;
     static constexpr int menuBarItemHeight = 28;
+    static constexpr int menuItemHeight = 36;
+    static constexpr int menuSeparatorHeight = 13;
+    static constexpr int menuWidth = 220;
 
     // The frame of the window.
     static constexpr int windowWidth = 1380;

@@ -49,7 +49,11 @@ bool Palette::isDark(const QPalette& palette) {
 }
 
 const Palette& Palette::of(const QWidget& widget) {
-    return isDark(widget.palette()) ? dark() : light();
+    return of(widget.palette());
+}
+
+const Palette& Palette::of(const QPalette& palette) {
+    return isDark(palette) ? dark() : light();
 }
 
 QPalette Palette::controls() const {

@@ -32,6 +32,7 @@ struct Palette {
     /// The one in force for `widget`, told from the lightness of its window colour. It follows a change of
     /// the application's palette by itself.
     [[nodiscard]] static const Palette& of(const QWidget& widget);
+    [[nodiscard]] static const Palette& of(const QPalette& palette);
     /// Whether a window with this palette is a dark one.
     [[nodiscard]] static bool isDark(const QPalette& palette);
 

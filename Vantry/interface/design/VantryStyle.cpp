@@ -4,32 +4,26 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleOption>
 
+#include "Vantry/interface/design/MenuPainting.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/Palette.h"
+#include "Vantry/interface/design/Surface.h"
 #include "Vantry/interface/design/VantryType.h"
 
 namespace vantry {
 namespace {
 
-const Palette& paletteFor(const QStyleOption& option) {
-    return Palette::isDark(option.palette) ? Palette::dark() : Palette::light();
-}
-
 void paintField(const QStyleOption& option, QPainter& painter) {
-    const Palette& palette = paletteFor(option);
+    const Palette& palette = Palette::of(option.palette);
     const bool focused = option.state.testFlag(QStyle::State_HasFocus);
-    const qreal width = focused ? Metrics::ring : Metrics::hairline;
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(focused ? palette.link : palette.rule, width));
-    painter.setBrush(palette.card);
-    painter.drawRoundedRect(QRectF(option.rect).adjusted(width / 2, width / 2, -width / 2, -width / 2),
-                            Metrics::radiusControl, Metrics::radiusControl);
-    painter.restore();
+    paintSurface(painter, option.rect,
+                 {palette.card, focused ? palette.link : palette.rule,
+                  focused ? Metrics::ring : Metrics::hairline, Metrics::radiusControl});
 }
 
 }  // namespace
@@ -51,21 +45,34 @@ void VantryStyle::polish(QWidget* widget) {
     // The bars paint their handle alone; what lies behind shows through.
     if (qobject_cast<QScrollBar*>(widget) != nullptr)
         widget->setAttribute(Qt::WA_OpaquePaintEvent, false);
+    // Nor do the corners of a menu.
+    if (qobject_cast<QMenu*>(widget) != nullptr)
+        widget->setAttribute(Qt::WA_TranslucentBackground);
 }
 
 void VantryStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                 const QWidget* widget) const {
     if (element == PE_PanelLineEdit && qobject_cast<const QLineEdit*>(widget) != nullptr)
         paintField(*option, *painter);
-    else if (element != PE_PanelItemViewRow)  // the views paint their rows themselves
+    else if (element == PE_PanelMenu)
+        paintMenuPanel(*painter, *option);
+    // The views paint their rows themselves, and the panel of a menu has its frame.
+    else if (element != PE_PanelItemViewRow && element != PE_FrameMenu)
         QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
 void VantryStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                               const QWidget* widget) const {
+    const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
     if (element == CE_Splitter)
-        painter->fillRect(option->rect, paletteFor(*option).rule);
-    else
+        painter->fillRect(option->rect, Palette::of(option->palette).rule);
+    else if (element == CE_MenuItem && entry != nullptr)
+        paintMenuItem(*painter, *entry);
+    else if (element == CE_MenuBarItem && entry != nullptr)
+        paintMenuBarItem(*painter, *entry);
+    else if (element == CE_MenuBarEmptyArea)
+        paintMenuBar(*painter, *option);
+    else if (element != CE_MenuEmptyArea)  // the panel is painted as a whole
         QProxyStyle::drawControl(element, option, painter, widget);
 }
 
@@ -79,7 +86,7 @@ void VantryStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
     const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (bar == nullptr || bar->maximum <= bar->minimum)
         return;
-    const Palette& palette = paletteFor(*option);
+    const Palette& palette = Palette::of(option->palette);
     const bool grasped =
         option->activeSubControls.testFlag(SC_ScrollBarSlider) && option->state.testFlag(State_Sunken);
     painter->save();
@@ -100,6 +107,11 @@ int VantryStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, con
         return 0;
     case PM_LineEditIconMargin:
         return 0;
+    case PM_MenuPanelWidth:
+        return Metrics::hairline;
+    case PM_MenuHMargin:
+    case PM_MenuVMargin:
+        return Metrics::paddingMenu;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -112,6 +124,10 @@ int VantryStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
     case SH_EtchDisabledText:
     case SH_ScrollBar_Transient:
         return 0;
+    case SH_Menu_Mask:
+        if (auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(returned))
+            mask->region = roundedRegion(option->rect.size(), Metrics::radiusPanel);
+        return 1;
     default:
         return QProxyStyle::styleHint(hint, option, widget, returned);
     }
@@ -119,6 +135,9 @@ int VantryStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
 
 QSize VantryStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                                     const QWidget* widget) const {
+    const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (type == CT_MenuItem && entry != nullptr)
+        return menuItemSize(*entry, contents);
     const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
     // The same height in every script.
     return type == CT_MenuBarItem ? QSize(size.width(), Metrics::menuBarItemHeight) : size;
