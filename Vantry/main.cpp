@@ -13,6 +13,7 @@
 #include "Vantry/app/VantryApplication.h"
 #include "Vantry/app/VantryStore.h"
 #include "Vantry/interface/design/VantryType.h"
+#include "Vantry/interface/navigation/QuitQuestion.h"
 #include "Vantry/interface/navigation/RootView.h"
 #include "Vantry/verification/Smoke.h"
 
@@ -69,6 +70,7 @@ int main(int argc, char** argv) {
     delegate.watchSystem();
     delegate.refuseWhile([&panels] { return panels.isOpen(); });
     vantry::RootView window(store, delegate);
+    delegate.askBy([&window](const vantry::Text& reason) { return vantry::askToQuit(window, reason); });
     window.show();
     return QCoreApplication::exec();
 }

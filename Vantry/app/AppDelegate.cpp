@@ -5,9 +5,7 @@
 #include <cstdlib>
 #include <utility>
 
-#include <QApplication>
-#include <QMessageBox>
-#include <QPushButton>
+#include <QGuiApplication>
 #include <QScopedValueRollback>
 #include <QSessionManager>
 #include <QSocketNotifier>
@@ -16,7 +14,6 @@
 #include <unistd.h>
 
 #include "Vantry/app/Composition.h"
-#include "Vantry/app/QtText.h"
 #include "Vantry/app/VantryStore.h"
 
 namespace vantry {
@@ -41,26 +38,11 @@ void handleEndingSignals(void (*handler)(int)) {
         ::sigaction(signal, &action, nullptr);
 }
 
-bool askInAlert(const Text& reason) {
-    QMessageBox alert(QApplication::activeWindow());
-    alert.setIcon(QMessageBox::Warning);
-    alert.setWindowTitle(QStringLiteral("Vantry"));
-    alert.setTextFormat(Qt::PlainText);
-    alert.setText(QStringLiteral("Vantry"));
-    alert.setInformativeText(toQString(reason));
-    auto* goBack = alert.addButton(QStringLiteral("返回 / Go back"), QMessageBox::RejectRole);
-    auto* quit = alert.addButton(QStringLiteral("退出 / Quit"), QMessageBox::AcceptRole);
-    alert.setDefaultButton(goBack);
-    alert.setEscapeButton(goBack);
-    alert.exec();
-    return alert.clickedButton() == quit;
-}
-
 }  // namespace
 
 AppDelegate::AppDelegate(Question question, QObject* parent)
     : QObject(parent)
-    , ask(question ? std::move(question) : askInAlert) {}
+    , ask(std::move(question)) {}
 
 AppDelegate::~AppDelegate() {
     if (!watching)
@@ -93,7 +75,7 @@ bool AppDelegate::shouldTerminate() {
         save();
         if (!decided && store->saveFailed() && store->error()) {
             const QScopedValueRollback guard(asking, true);
-            if (!ask(*store->error()))
+            if (!ask || !ask(*store->error()))
                 return false;
         }
     }

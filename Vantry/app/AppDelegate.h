@@ -23,9 +23,11 @@ public:
     /// Asks the person, who is told why the last save failed, whether to quit all the same.
     using Question = std::function<bool(const Text& reason)>;
 
-    /// Without a question of its own it shows an alert with "返回 / Go back" and "退出 / Quit".
+    /// Without a question nobody can accept a loss: a failed save then keeps the process alive.
     explicit AppDelegate(Question question = {}, QObject* parent = nullptr);
     ~AppDelegate() override;
+
+    void askBy(Question question) { ask = std::move(question); }
 
     /// The store to guard; set when the window first appears and never taken back.
     void setStore(VantryStore& guarded);

@@ -99,6 +99,19 @@ TEST_F(AppDelegateTest, AFailedSaveAsksEachTimeUntilThePersonQuits) {
     EXPECT_EQ(reasons.size(), 3U);
 }
 
+TEST_F(AppDelegateTest, WithNobodyToAskAFailedSaveEndsNothing) {
+    put(root(), "in the way");
+    AppDelegate delegate;
+    const auto store = open();
+    delegate.setStore(*store);
+    makeTake(*store);
+    EXPECT_FALSE(delegate.shouldTerminate());
+    delegate.askBy(question());
+    quits = true;
+    EXPECT_TRUE(delegate.shouldTerminate());
+    EXPECT_EQ(reasons.size(), 1U);
+}
+
 TEST_F(AppDelegateTest, GoingBackKeepsEverythingAndALaterQuitSaves) {
     put(root(), "in the way");
     AppDelegate delegate(question());

@@ -4,6 +4,7 @@
 
 #include "Vantry/interface/design/Page.h"
 #include "Vantry/interface/design/SegmentedChoice.h"
+#include "Vantry/interface/design/Sheet.h"
 #include "Vantry/interface/design/StarRating.h"
 
 namespace vantry {
@@ -63,6 +64,20 @@ private:
     Segment* button;
 };
 
+class SheetAccessible final : public QAccessibleWidget {
+public:
+    explicit SheetAccessible(Sheet* shown)
+        : QAccessibleWidget(shown, QAccessible::Dialog)
+        , sheet(shown) {}
+
+    [[nodiscard]] QAccessible::Role role() const override {
+        return sheet->isAlert() ? QAccessible::AlertMessage : QAccessible::Dialog;
+    }
+
+private:
+    Sheet* sheet;
+};
+
 QAccessibleInterface* makeInterface(const QString&, QObject* object) {
     if (auto* star = qobject_cast<StarButton*>(object))
         return new StarAccessible(star);
@@ -72,6 +87,8 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
         return new QAccessibleWidget(choice, QAccessible::Grouping);
     if (auto* rating = qobject_cast<StarRating*>(object))
         return new QAccessibleWidget(rating, QAccessible::Grouping);
+    if (auto* sheet = qobject_cast<Sheet*>(object))
+        return new SheetAccessible(sheet);
     if (auto* page = qobject_cast<Page*>(object))
         return new QAccessibleWidget(page, QAccessible::Pane);
     return nullptr;

@@ -1,19 +1,58 @@
 #include "Vantry/interface/design/Sheet.h"
 
+#include <QAccessible>
+#include <QApplication>
 #include <QEvent>
+#include <QPainter>
 
+#include "Vantry/interface/design/Accessibility.h"
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Label.h"
 #include "Vantry/interface/design/Metrics.h"
+#include "Vantry/interface/design/Surface.h"
 
 namespace vantry {
+namespace {
+
+/// Lies over a window while a sheet is open, so that the sheet alone catches the eye.
+class Layer final : public QWidget {
+public:
+    explicit Layer(QWidget* window)
+        : QWidget(window)
+        , radius(qobject_cast<Sheet*>(window) != nullptr ? Metrics::radiusPanel : 0) {
+        setGeometry(window->rect());
+        raise();
+        show();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        constexpr qreal inLight = 0.42;
+        constexpr qreal inDark = 0.74;
+        const bool dark = Palette::isDark(palette());
+        const Palette& colours = Palette::of(*this);
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setOpacity(dark ? inDark : inLight);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(dark ? colours.canvas : colours.ink);
+        painter.drawRoundedRect(rect(), radius, radius);
+    }
+
+private:
+    const int radius;
+};
+
+}  // namespace
 
 Sheet::Sheet(QWidget* parent)
-    : QDialog(parent)
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint)
     , heading(new Label(VantryType::Role::heading, &Palette::ink, Label::Length::wrapped, this))
     , column(new QVBoxLayout)
     , row(new QHBoxLayout) {
+    installAccessibility();
     setWindowModality(Qt::WindowModal);
+    setAttribute(Qt::WA_TranslucentBackground);
     auto* outer = new QVBoxLayout(this);
     outer->setContentsMargins(Metrics::paddingDialog, Metrics::paddingDialog, Metrics::paddingDialog,
                               Metrics::paddingDialog);
@@ -27,12 +66,71 @@ Sheet::Sheet(QWidget* parent)
     outer->setSizeConstraint(QLayout::SetNoConstraint);
 }
 
+Sheet::~Sheet() {
+    disappear();
+}
+
+QWidget* Sheet::topmostOver(QWidget& window) {
+    QWidget* const topmost = QApplication::activeModalWidget();
+    return topmost != nullptr ? topmost : &window;
+}
+
 bool Sheet::event(QEvent* event) {
     const bool handled = QDialog::event(event);
     // As wide as all sheets are, and as high as its wrapped texts need at that width.
     if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show)
         setFixedSize(Metrics::dialogWidth, layout()->totalHeightForWidth(Metrics::dialogWidth));
+    if (event->type() == QEvent::Show)
+        appear();
+    else if (event->type() == QEvent::Hide)
+        disappear();
     return handled;
+}
+
+void Sheet::appear() {
+    if (parentWidget() == nullptr || layer != nullptr)
+        return;
+    under = parentWidget()->window();
+    under->installEventFilter(this);
+    layer = new Layer(under);
+    place();
+    if (isAlert()) {
+        QAccessibleEvent announcement(this, QAccessible::Alert);
+        QAccessible::updateAccessibility(&announcement);
+    }
+}
+
+void Sheet::disappear() {
+    if (under != nullptr)
+        under->removeEventFilter(this);
+    delete layer;
+}
+
+void Sheet::place() {
+    move(under->mapToGlobal(under->rect().center()) - rect().center());
+}
+
+bool Sheet::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == under && layer != nullptr &&
+        (event->type() == QEvent::Resize || event->type() == QEvent::Move)) {
+        layer->setGeometry(under->rect());
+        place();
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void Sheet::paintEvent(QPaintEvent*) {
+    const Palette& palette = Palette::of(*this);
+    QPainter painter(this);
+    paintSurface(painter, rect(), {palette.canvas, palette.rule, Metrics::hairline, Metrics::radiusPanel});
+}
+
+void Sheet::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    setMask(roundedRegion(size(), Metrics::radiusPanel));
+    // Its height follows its texts.
+    if (layer != nullptr)
+        place();
 }
 
 void Sheet::setTitle(const QString& title) {
@@ -41,11 +139,18 @@ void Sheet::setTitle(const QString& title) {
     setAccessibleName(title);
 }
 
+void Sheet::setMessage(const QString& text) {
+    if (message == nullptr) {
+        message = new Label(VantryType::Role::body, &Palette::ink, Label::Length::wrapped, this);
+        column->insertWidget(0, message);
+    }
+    message->setPlain(text);
+    setAccessibleDescription(text);
+}
+
 AlertSheet::AlertSheet(QWidget* parent)
     : Sheet(parent)
-    , text(new Label(VantryType::Role::body, &Palette::ink, Label::Length::wrapped, this))
     , confirm(new Button(Button::Kind::primary, Glyph::none, this)) {
-    content().addWidget(text);
     confirm->setMinimumWidth(Metrics::dialogButtonWidth);
     confirm->setDefault(true);
     buttons().addWidget(confirm);
@@ -54,8 +159,7 @@ AlertSheet::AlertSheet(QWidget* parent)
 
 void AlertSheet::setTexts(const QString& title, const QString& message, const QString& button) {
     setTitle(title);
-    text->setPlain(message);
-    setAccessibleDescription(message);
+    setMessage(message);
     confirm->setPlain(button);
 }
 
@@ -82,6 +186,11 @@ void QuestionSheet::setTexts(const QString& question, const QString& no, const Q
 void QuestionSheet::ask() {
     cancel->setFocus();
     open();
+}
+
+bool QuestionSheet::waitForAnswer() {
+    cancel->setFocus();
+    return exec() == QDialog::Accepted;
 }
 
 }  // namespace vantry

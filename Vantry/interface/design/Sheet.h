@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QVBoxLayout>
 
 namespace vantry {
@@ -9,26 +10,43 @@ namespace vantry {
 class Button;
 class Label;
 
-/// A small dialog over a window: a title, its content, buttons at the right. It is window-modal; show it by
-/// `open()`.
+/// A small dialog over a window: a title, its content, buttons at the right. It is window-modal and stands in
+/// the middle of its window, which lies under a layer meanwhile; show it by `open()`.
 class Sheet : public QDialog {
     Q_OBJECT
 
 public:
     explicit Sheet(QWidget* parent);
+    ~Sheet() override;
+
+    /// What the next sheet belongs over: the topmost of those on screen, else `window`.
+    [[nodiscard]] static QWidget* topmostOver(QWidget& window);
 
     void setTitle(const QString& title);
+    /// What it has to tell, below the title. With a message it is an alert to assistive tools.
+    void setMessage(const QString& message);
+    [[nodiscard]] bool isAlert() const noexcept { return message != nullptr; }
     [[nodiscard]] QVBoxLayout& content() noexcept { return *column; }
     /// The buttons, the confirming one last.
     [[nodiscard]] QHBoxLayout& buttons() noexcept { return *row; }
 
 protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void appear();
+    void disappear();
+    void place();
+
     Label* heading;
+    Label* message = nullptr;
     QVBoxLayout* column;
     QHBoxLayout* row;
+    QPointer<QWidget> under;
+    QPointer<QWidget> layer;
 };
 
 /// Tells the person one thing, with one button.
@@ -41,7 +59,6 @@ public:
     void setTexts(const QString& title, const QString& message, const QString& button);
 
 private:
-    Label* text;
     Button* confirm;
 };
 
@@ -56,6 +73,8 @@ public:
     void setTexts(const QString& question, const QString& no, const QString& yes);
     /// Opens with the keyboard on the button that changes nothing.
     void ask();
+    /// Asks, and runs events until the person has answered: whether it was accepted.
+    [[nodiscard]] bool waitForAnswer();
 
 private:
     Button* cancel;

@@ -1,7 +1,5 @@
 #include "Vantry/interface/navigation/StoreAlert.h"
 
-#include <QApplication>
-
 #include "Vantry/app/QtText.h"
 #include "Vantry/app/VantryStore.h"
 #include "Vantry/interface/design/Sheet.h"
@@ -31,8 +29,7 @@ void StoreAlert::refresh() {
     if (showsError)
         title = english ? QStringLiteral("Operation could not complete") : QStringLiteral("操作未完成");
     if (!alert) {
-        QWidget* topmost = QApplication::activeModalWidget();
-        alert = new AlertSheet(topmost != nullptr ? topmost : &window);
+        alert = new AlertSheet(Sheet::topmostOver(window));
         connect(alert, &AlertSheet::finished, this, &StoreAlert::clear);
     }
     alert->setTexts(title, toQString(*text), english ? QStringLiteral("OK") : QStringLiteral("好"));
