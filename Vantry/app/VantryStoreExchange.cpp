@@ -6,6 +6,8 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <filesystem>
+#include <stdexcept>
 #include <utility>
 
 #include "Vantry/app/FilePanels.h"
@@ -54,7 +56,21 @@ std::string backupOf(const Library& library, const MediaFolder& folder) {
     return file;
 }
 
+/// Whether a file is one of those that make up the library: a backup in its place would be the end of it.
+bool belongsToLibrary(const std::filesystem::path& file, const VantryStore& store) {
+    const auto target = std::filesystem::weakly_canonical(file);
+    const auto library = std::filesystem::weakly_canonical(store.libraryFile());
+    const auto media = std::filesystem::weakly_canonical(store.root() / "Media");
+    return target == library || target == DiskStore::previousOf(library) || target == media ||
+           target.parent_path() == media ||
+           target == std::filesystem::weakly_canonical(DiskStore::previousOf(store.libraryFile()));
+}
+
 void writeBackup(const std::filesystem::path& file, const VantryStore& store, FileOperations& disk) {
+    if (belongsToLibrary(file, store))
+        throw std::runtime_error(
+            "资料库本身存放在这里，请另选位置 / The library itself is kept here. Choose another place");
+    AtomicFile::removeLeftovers(AtomicFile::resolved(file));
     const std::string bytes = backupOf(store.library(), MediaFolder(store.root(), disk));
     // Nothing leaves that could not come back.
     (void)VantryBackup::decodePadded(bytes);

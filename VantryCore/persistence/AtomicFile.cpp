@@ -140,11 +140,16 @@ FileIdentity AtomicFile::write(const fs::path& file, std::string_view bytes, Fil
 FileIdentity AtomicFile::writeHere(const fs::path& file, std::string_view bytes, mode_t mode,
                                    FileOperations& disk) {
     const fs::path name = temporaryName(file);
-    Temporary temporary(name, disk);
-    const FileIdentity identity = temporary.fill(bytes, mode);
-    temporary.takeOver(file);
-    disk.syncFolder(folderOf(file));
-    return identity;
+    try {
+        Temporary temporary(name, disk);
+        const FileIdentity identity = temporary.fill(bytes, mode);
+        temporary.takeOver(file);
+        disk.syncFolder(folderOf(file));
+        return identity;
+    } catch (const std::system_error& failure) {
+        // A person knows the file and nothing of temporary names.
+        throw std::system_error(failure.code(), file.string());
+    }
 }
 
 void AtomicFile::removeLeftovers(const fs::path& file) noexcept {

@@ -5,6 +5,7 @@
 #include <string>
 #include <type_traits>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "VantryCore/persistence/Codec.h"
@@ -135,6 +136,8 @@ public:
         : known(local) {}
 
     MergeReport report;
+    /// Whether records came into a retained copy. What was recognised by it before may be so no more.
+    bool copiesChanged = false;
 
     /// What the list becomes with the incoming records brought in; nothing when it stays as it is.
     template <class T>
@@ -162,8 +165,10 @@ private:
     template <class T>
     void mergeChildren(GrowingList<T>& list, std::size_t place, const T& incoming) {
         if constexpr (hasChildren<T>)
-            if (auto children = merged(childrenOf(*list.now()[place]), childrenOf(incoming)))
+            if (auto children = merged(childrenOf(*list.now()[place]), childrenOf(incoming))) {
+                copiesChanged = copiesChanged || incoming.conflictKey.has_value();
                 childrenOf(list.edit()[place].edit()) = std::move(*children);
+            }
     }
 
     template <class T>
@@ -220,8 +225,16 @@ MergeReport Merge::apply(const Library& incoming, Library& local, KnownValid& kn
     known.accept(local);
     Merger merger(known);
     Library result = local;
-    if (auto projects = merger.merged(local.projects, incoming.projects))
-        result.projects = std::move(*projects);
+    const auto bringIn = [&] {
+        if (auto projects = merger.merged(result.projects, incoming.projects))
+            result.projects = std::move(*projects);
+    };
+    bringIn();
+    const std::int64_t identical = merger.report.identical;
+    // What a second import would add comes at once, so that there is nothing left for it to add.
+    while (std::exchange(merger.copiesChanged, false))
+        bringIn();
+    merger.report.identical = identical;
     known.accept(result);
     local = std::move(result);
     return merger.report;

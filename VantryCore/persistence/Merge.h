@@ -18,7 +18,8 @@ struct MergeReport {
 
 /// Brings one library into another without losing either side: a record that is there stays single, a new one
 /// is appended, and one that differs is kept as a marked copy behind the local list. Nothing local moves, and
-/// a repeated merge changes nothing.
+/// a repeated merge changes nothing: where what comes in changes a copy by which another record was
+/// recognised, the copy that the second merge would make is made at once.
 struct Merge {
     /// Merges `incoming` into `local`, which changes only if the whole call succeeds.
     /// Throws VantryError::Case::invalidBackup when either library, or the result, is not valid.

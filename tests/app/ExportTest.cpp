@@ -1,6 +1,7 @@
 #include <cstdlib>
 #include <ctime>
 
+#include "VantryCore/persistence/AtomicFile.h"
 #include "tests/app/ExchangeFixture.h"
 #include "tests/support/FaultyFileOperations.h"
 
@@ -132,6 +133,54 @@ TEST_F(ExportTest, FailsWhenTheFileWouldBeTooLarge) {
     store->exportBackup();
     EXPECT_EQ(store->error(), tooLarge);
     EXPECT_FALSE(fs::exists(outside("backup.vantry")));
+}
+
+TEST_F(ExportTest, NeverReplacesTheLibraryItself) {
+    giveImage(10);
+    store->flush();
+    type(*store, "second generation");
+    store->flush();
+    const Text refused =
+        "资料库本身存放在这里，请另选位置 / The library itself is kept here. Choose another place";
+    const fs::path image = media() / Codec::hash(std::string(10, 'x'));
+    fs::create_symlink(file(), outside("link.vantry"));
+    fs::create_directory_symlink(root(), outside("linked"));
+    for (const auto& place :
+         {file(), previous(), image, media() / "new.vantry", media(), outside("link.vantry"),
+          outside("linked") / "library.json", root() / "." / "library.json"}) {
+        const auto library = support::factsOf(file());
+        const auto generation = support::factsOf(previous());
+        panels.answer = place;
+        store->exportBackup();
+        EXPECT_EQ(store->error(), refused) << place;
+        EXPECT_FALSE(store->notice()) << place;
+        EXPECT_EQ(support::factsOf(file()), library) << place;
+        EXPECT_EQ(support::factsOf(previous()), generation) << place;
+        EXPECT_EQ(contentOf(image), std::string(10, 'x')) << place;
+        store->setError(std::nullopt);
+    }
+    // Another file in the same folder is nobody's business.
+    panels.answer = root() / "backup.vantry";
+    store->exportBackup();
+    EXPECT_FALSE(store->error());
+    EXPECT_TRUE(fs::exists(root() / "backup.vantry"));
+}
+
+TEST_F(ExportTest, RemovesWhatAnExportThatDiedLeftBesideItsFile) {
+    const fs::path left = AtomicFile::temporaryName(outside("backup.vantry"));
+    put(left, "half a backup");
+    const fs::path other = AtomicFile::temporaryName(outside("other.vantry"));
+    put(other, "somebody else's");
+    store->exportBackup();
+    EXPECT_FALSE(fs::exists(left));
+    EXPECT_TRUE(fs::exists(other));
+}
+
+TEST_F(ExportTest, NamesTheFileThatThePersonChoseWhenItFails) {
+    panels.answer = outside("gone") / "backup.vantry";
+    store->exportBackup();
+    ASSERT_TRUE(store->error());
+    EXPECT_NE(store->error()->utf8().find("gone/backup.vantry"), std::string::npos) << store->error()->utf8();
 }
 
 TEST_F(ExportTest, LeavesNoPartOfAFileWhenTheDiskFails) {

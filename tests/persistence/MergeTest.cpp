@@ -203,6 +203,30 @@ TEST(Merge, MakesAnotherCopyAfterTheFirstWasEditedAndTheSameAfterItWasDeleted) {
     EXPECT_EQ(shot(local).takes[1]->id, Codec::stableID(key));
 }
 
+TEST(Merge, AddsNothingTheSecondTimeEvenWhereTheFirstBroughtATakeIntoACopyThatItHadRecognised) {
+    Library mine = support::completeLibrary();
+    Library theirs = mine;
+    shot(theirs).framing = "their framing";
+    // They keep my shot as a copy, I keep theirs, and then they log a take on the copy that I made.
+    (void)Merge::apply(theirs, mine);
+    (void)Merge::apply(mine, theirs);
+    Shot& copy = act(theirs).shots.back().edit();
+    ASSERT_EQ(copy.framing, Text("their framing"));
+    ASSERT_NE(copy.id, shot(theirs).id);
+    copy.takes.emplace_back(newTake("logged on the copy"));
+
+    const MergeReport first = Merge::apply(theirs, mine);
+    EXPECT_GE(first.added, 1);
+    EXPECT_EQ(first.conflicts, 1);
+    const std::string merged = Codec::encode(mine);
+    for (int i = 0; i < 3; ++i) {
+        const MergeReport again = Merge::apply(theirs, mine);
+        EXPECT_EQ(again.added, 0);
+        EXPECT_EQ(again.conflicts, 0);
+        EXPECT_TRUE(Codec::encode(mine) == merged);
+    }
+}
+
 TEST(Merge, BringsADeletedLocalRecordBackUnderItsOwnIdentifier) {
     Library incoming = support::completeLibrary();
     Library local = incoming;

@@ -223,12 +223,21 @@ MergeReport mergePlainly(const Library& incoming, Library& local) {
     validate(incoming);
     validate(local);
     Library result = local;
-    PlainMerger merger(result);
-    for (const auto& project : incoming.projects)
-        merger.handle(project, result.projects);
+    const auto bringIn = [&] {
+        PlainMerger merger(result);
+        for (const auto& project : incoming.projects)
+            merger.handle(project, result.projects);
+        return merger.report;
+    };
+    MergeReport report = bringIn();
+    // A second import must have nothing left to add.
+    for (MergeReport more = bringIn(); more.added + more.conflicts > 0; more = bringIn()) {
+        report.added += more.added;
+        report.conflicts += more.conflicts;
+    }
     validate(result);
     local = std::move(result);
-    return merger.report;
+    return report;
 }
 
 }  // namespace vantry::support

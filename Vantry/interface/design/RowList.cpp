@@ -72,6 +72,8 @@ void RowList::arrange(QList<QByteArray> wanted) {
             column->insertWidget(place, line.place);
         }
         line.place->show();
+        // Assistive tools walk through the rows in the order in which they were raised.
+        line.place->raise();
         if (previous != nullptr)
             QWidget::setTabOrder(previous, line.button);
         previous = line.button;

@@ -41,6 +41,16 @@ TEST_F(RowListTest, ARowThatStaysKeepsItsWidgetAndFocus) {
     EXPECT_EQ(list.count(), 3);
 }
 
+TEST_F(RowListTest, RowsStandInTheirOrderForAssistiveTools) {
+    show({"b", "c"});
+    show({"a", "b", "c"});
+    // What stands first among the children is told first.
+    QByteArrayList titles;
+    for (const auto* button : list.findChildren<RowButton*>())
+        titles.append(button->plain().toUtf8());
+    EXPECT_EQ(titles, (QByteArrayList{"a", "b", "c"}));
+}
+
 TEST_F(RowListTest, RowsStandInTheirOrderOnScreenAndForTheKeyboard) {
     show({"a", "b"});
     show({"c", "b", "d", "a"});

@@ -31,7 +31,7 @@ protected:
             EXPECT_EQ(dialog->windowModality(), Qt::WindowModal);
             act(*dialog);
         });
-        const File answered = ask();
+        File answered = ask();
         EXPECT_TRUE(used);
         EXPECT_FALSE(native.isOpen());
         settle();

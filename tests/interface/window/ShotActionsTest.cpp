@@ -23,7 +23,7 @@ protected:
     [[nodiscard]] std::filesystem::path picture(const char* name, QSize size, Qt::GlobalColor colour) const {
         QImage image(size, QImage::Format_RGB32);
         image.fill(colour);
-        const auto path = folder / name;
+        auto path = folder / name;
         EXPECT_TRUE(image.save(QString::fromStdString(path.string())));
         return path;
     }
