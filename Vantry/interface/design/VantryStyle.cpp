@@ -104,7 +104,6 @@ int VantryStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, con
     case PM_ScrollBarExtent:
         return Metrics::scrollStrip;
     case PM_ScrollView_ScrollBarSpacing:
-        return 0;
     case PM_LineEditIconMargin:
         return 0;
     case PM_MenuPanelWidth:
