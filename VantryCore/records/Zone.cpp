@@ -34,7 +34,8 @@ struct FileRules final : Zone::Rules {
     }
     [[nodiscard]] std::optional<std::int64_t> nextTransition(std::int64_t unixSeconds) const override {
         const std::int64_t cycles = std::max<std::int64_t>(unixSeconds - surelyListed, 0) / calendarCycle;
-        for (std::int64_t shift = cycles * calendarCycle; shift <= unixSeconds; shift += calendarCycle) {
+        const std::int64_t last = std::max<std::int64_t>(unixSeconds, 0);
+        for (std::int64_t shift = cycles * calendarCycle; shift <= last; shift += calendarCycle) {
             const auto listed = nextListed(unixSeconds - shift);
             if (listed && offsetAt(*listed + shift) == offsetAt(*listed) &&
                 offsetAt(*listed + shift - 1) == offsetAt(*listed - 1))

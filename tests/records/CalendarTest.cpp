@@ -35,6 +35,10 @@ const DayCase days[] = {
     {"Africa/Cairo", utc(2023, 10, 26, 12), "2023-10-26 00:00:00", 25},
     {"America/Santiago", utc(2023, 9, 3, 15), "2023-09-03 01:00:00", 23},
     {"America/Santiago", utc(2023, 4, 1, 15), "2023-04-01 00:00:00", 25},
+    // Before 1970, too: the day behind the one on which the clocks went back from midnight.
+    {"America/Santiago", utc(1930, 4, 2, 20, 32, 9), "1930-04-02 00:00:00", 24},
+    {"America/Santiago", utc(1930, 4, 1, 15), "1930-04-01 00:00:00", 24},
+    {"America/New_York", utc(1950, 4, 30, 12), "1950-04-30 00:00:00", 23},
     {"America/Havana", utc(2023, 11, 5, 15), "2023-11-05 00:00:00", 25},
     {"America/Ciudad_Juarez", utc(2022, 11, 30, 15), "2022-11-30 00:00:00", 24},
     {"Asia/Kathmandu", utc(2023, 5, 5, 12), "2023-05-05 00:00:00", 24},
