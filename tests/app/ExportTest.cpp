@@ -66,7 +66,7 @@ TEST_F(ExportTest, SuggestsTheDayAsTheMachineShowsIt) {
     clock.advance(static_cast<long long>((evening - clock.now().seconds) * 1000));
     store->exportBackup();
     EXPECT_EQ(panels.lastName, "Vantry-2026-11-15.vantry");
-    clock.advance(30 * 60 * 1000LL);
+    clock.advance(30LL * 60 * 1000);
     store->exportBackup();
     EXPECT_EQ(panels.lastName, "Vantry-2026-11-16.vantry");
     if (before != nullptr)

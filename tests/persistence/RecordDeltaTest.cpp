@@ -32,7 +32,7 @@ std::optional<std::string> outcome(Undo&& undo) {
 std::optional<std::string> undone(const Library& before, const Library& after, const Library& current,
                                   const Library& knownFirst = {}) {
     const std::string forms[] = {Codec::encode(before), Codec::encode(after), Codec::encode(current)};
-    const auto expected = outcome([&] { return RecordDelta::undoByValues(before, after, current); });
+    auto expected = outcome([&] { return RecordDelta::undoByValues(before, after, current); });
     EXPECT_EQ(outcome([&] { return RecordDelta::undo(before, after, current); }), expected);
     KnownValid known;
     known.accept(knownFirst);

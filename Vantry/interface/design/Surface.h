@@ -12,8 +12,8 @@ namespace vantry {
 struct Surface {
     QColor fill;
     QColor outline;
-    int width;
-    int radius;
+    int width = 0;
+    int radius = 0;
 };
 
 void paintSurface(QPainter& painter, const QRectF& place, const Surface& surface);
