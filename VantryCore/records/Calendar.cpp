@@ -5,11 +5,16 @@
 #include <cstdint>
 #include <limits>
 
+#include <absl/time/civil_time.h>
+
+#include "VantryCore/records/ClockReading.h"
+
 namespace vantry {
 namespace {
 
 using Seconds = std::int64_t;
 
+constexpr Seconds secondsOfMinute = 60;
 constexpr Seconds secondsOfDay = 86400;
 /// No zone is further from UTC; a generous bound for looking around a local time.
 constexpr Seconds farthestOffset = Seconds{26} * 3600;
@@ -74,10 +79,38 @@ std::optional<DayInterval> Calendar::day(Moment inside) const {
     return DayInterval{moment(*start), moment(*end)};
 }
 
+std::optional<Moment> Calendar::startOfMinute(Moment inside) const {
+    const auto unix = unixSeconds(inside);
+    if (!unix)
+        return std::nullopt;
+    const Seconds local = *unix + timeZone.offsetAt(*unix);
+    Seconds start = *unix - (local - floorDivide(local, secondsOfMinute) * secondsOfMinute);
+    // Clocks once changed by odd seconds: then the minute begins with the change.
+    if (timeZone.offsetAt(start) != timeZone.offsetAt(*unix))
+        start = timeZone.nextTransition(start).value_or(start);
+    return moment(start);
+}
+
 bool Calendar::isSameDay(Moment a, Moment b) const {
     const auto first = unixSeconds(a);
     const auto second = unixSeconds(b);
     return first && second && localDay(timeZone, *first) == localDay(timeZone, *second);
+}
+
+std::optional<Moment> Calendar::momentShowing(const ClockReading& reading) const {
+    constexpr std::int64_t farthestYear = 3'000'000;
+    if (reading.year < -farthestYear || reading.year > farthestYear)
+        return std::nullopt;
+    const absl::CivilSecond wanted(reading.year, reading.month, reading.day, reading.hour, reading.minute,
+                                   reading.second);
+    // Fields out of range are carried into the next ones.
+    if (wanted.month() != reading.month || wanted.day() != reading.day || wanted.hour() != reading.hour ||
+        wanted.minute() != reading.minute || wanted.second() != reading.second)
+        return std::nullopt;
+    const Seconds local = wanted - absl::CivilSecond(1970, 1, 1);
+    const auto found =
+        firstSecondShowing(timeZone, std::numeric_limits<Seconds>::min() / 2, local, local + 1);
+    return found ? std::optional(moment(*found)) : std::nullopt;
 }
 
 std::optional<Moment> Calendar::nextMoment(Moment after, int hour, int minute) const {

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "Vantry/schedule/rules/Locations.h"
+#include "VantryCore/records/Calendar.h"
+
+namespace vantry {
+
+/// How much is on one day.
+struct DayCount {
+    std::size_t shots = 0;
+    std::size_t callSheets = 0;
+
+    friend bool operator==(const DayCount&, const DayCount&) = default;
+};
+
+/// The counts of days that follow each other, earliest first, one for each. Cancelled shots count nowhere.
+/// Takes one pass over the shots and the sheets, however many days there are.
+[[nodiscard]] std::vector<DayCount> countDays(const std::vector<DayInterval>& days,
+                                              const std::vector<ShotLocation>& shots,
+                                              const std::vector<CallSheetLocation>& callSheets);
+
+}  // namespace vantry
