@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 
 #include "Vantry/app/AppDelegate.h"
+#include "Vantry/app/NativeDesktop.h"
 #include "Vantry/app/NativeFilePanels.h"
 #include "Vantry/app/Preferences.h"
 #include "Vantry/app/VantryApplication.h"
@@ -61,10 +62,12 @@ int main(int argc, char** argv) {
 
     vantry::StoredPreferences preferences;
     vantry::NativeFilePanels panels;
+    vantry::NativeDesktop desktop;
     vantry::Surroundings around;
     around.preferences = &preferences;
     around.keys = &application;
     around.panels = &panels;
+    around.desktop = &desktop;
     around.doubleClickSeconds = [] { return QApplication::doubleClickInterval() / 1000.0; };
     vantry::VantryStore store(std::nullopt, around);
     delegate.watchSystem();

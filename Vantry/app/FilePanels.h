@@ -14,6 +14,7 @@ public:
     enum class Content : std::uint8_t {
         backup,  ///< a `.vantry` file; any file may be chosen
         image,   ///< PNG, JPEG, HEIC or TIFF
+        pdf,     ///< a document to read and print
     };
 
     FilePanels() = default;

@@ -10,6 +10,8 @@
 
 #include <libheif/heif.h>
 
+#include "Vantry/app/Owned.h"
+
 namespace vantry {
 namespace {
 
@@ -62,17 +64,9 @@ QImage readByQt(std::string_view bytes, const QSize& bound) {
     return scaledInto(reader.read(), bound);
 }
 
-template <auto release>
-struct Release {
-    template <class T>
-    void operator()(T* object) const {
-        release(object);
-    }
-};
-
-using HeifContext = std::unique_ptr<heif_context, Release<heif_context_free>>;
-using HeifHandle = std::unique_ptr<heif_image_handle, Release<heif_image_handle_release>>;
-using HeifImage = std::unique_ptr<heif_image, Release<heif_image_release>>;
+using HeifContext = Owned<heif_context, heif_context_free>;
+using HeifHandle = Owned<heif_image_handle, heif_image_handle_release>;
+using HeifImage = Owned<heif_image, heif_image_release>;
 
 bool isHeif(std::string_view bytes) {
     const auto* start = reinterpret_cast<const std::uint8_t*>(bytes.data());

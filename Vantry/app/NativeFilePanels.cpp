@@ -34,6 +34,8 @@ QStringList filters(Content content, bool saving, bool english) {
         return {text(english, u"图片", u"Images") +
                 QStringLiteral(" (%1 %2)").arg(patterns, patterns.toUpper())};
     }
+    if (content == Content::pdf)
+        return {QStringLiteral("PDF (*.pdf *.PDF)")};
     return {saving ? QStringLiteral("Vantry (*.vantry)") : QStringLiteral("Vantry (*.vantry *.json)"),
             text(english, u"所有文件 (*)", u"All files (*)")};
 }
@@ -54,6 +56,8 @@ QFileDialog* makeDialog(Content content, bool saving, bool english, const std::f
     dialog->setNameFilters(filters(content, saving, english));
     if (content == Content::image)
         dialog->setWindowTitle(text(english, u"导入图片", u"Import image"));
+    else if (content == Content::pdf)
+        dialog->setWindowTitle(text(english, u"导出 PDF", u"Export PDF"));
     else if (saving)
         dialog->setWindowTitle(text(english, u"导出备份", u"Export backup"));
     else
@@ -80,8 +84,7 @@ std::optional<std::filesystem::path> NativeFilePanels::save(Content content, con
     if (opened)
         return std::nullopt;
     auto* dialog = makeDialog(content, true, english, lastFolder);
-    if (content == Content::backup)
-        dialog->setDefaultSuffix(QStringLiteral("vantry"));
+    dialog->setDefaultSuffix(content == Content::pdf ? QStringLiteral("pdf") : QStringLiteral("vantry"));
     dialog->selectFile(QString::fromStdString(suggestedName));
     return run(dialog);
 }

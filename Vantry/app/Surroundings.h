@@ -7,6 +7,7 @@
 namespace vantry {
 
 class Clock;
+class Desktop;
 class FilePanels;
 class KeyEvents;
 class Preferences;
@@ -19,6 +20,7 @@ struct Surroundings {
     KeyEvents* keys = nullptr;           ///< null: no key is ever held
     FileOperations* disk = nullptr;      ///< null: the system's
     FilePanels* panels = nullptr;        ///< null: nobody is there to choose a file
+    Desktop* desktop = nullptr;          ///< null: nothing is opened
     std::function<double()>
         doubleClickSeconds;  ///< the desktop's double-click interval; empty: half a second
 };

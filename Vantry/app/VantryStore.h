@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include <QByteArray>
 #include <QImage>
 #include <QObject>
 #include <QSize>
@@ -118,6 +119,16 @@ public:
     /// The image of that key, no larger than `bound` and not enlarged; a null image when there is no key, no
     /// file or no image in it.
     [[nodiscard]] QImage image(const std::optional<Text>& key, const QSize& bound);
+
+    /// The bytes of the image file of that key; none when there is no such file.
+    [[nodiscard]] std::string imageFile(const Text& key) const;
+
+    /// Asks where to keep a document, makes it, writes it whole or not at all, and opens it. The panel
+    /// proposes the name. Failures go to `error`.
+    void exportDocument(const std::string& suggestedName, const std::function<QByteArray()>& make);
+
+    /// The present moment, as everything that this store does sees it.
+    [[nodiscard]] Moment now() const { return around_.clock->now(); }
 
     /// Saves 0.35 s from now, unless called again before.
     void saveSoon();

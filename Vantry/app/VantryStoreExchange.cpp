@@ -2,14 +2,11 @@
 
 #include "Vantry/app/VantryStore.h"
 
-#include <array>
-#include <chrono>
-#include <cmath>
-#include <cstdio>
 #include <filesystem>
 #include <stdexcept>
 #include <utility>
 
+#include "Vantry/app/Desktop.h"
 #include "Vantry/app/FilePanels.h"
 #include "VantryCore/persistence/AtomicFile.h"
 #include "VantryCore/persistence/DiskStore.h"
@@ -17,6 +14,7 @@
 #include "VantryCore/persistence/OpenFile.h"
 #include "VantryCore/persistence/VantryBackup.h"
 #include "VantryCore/persistence/VantryError.h"
+#include "VantryCore/records/ClockReading.h"
 #include "VantryCore/records/Zone.h"
 
 namespace vantry {
@@ -34,19 +32,6 @@ Text describe(const MergeReport& report, bool english) {
                 "，不同版本保留 " + number(report.conflicts) + "。");
 }
 
-/// The day as the machine's clock shows it, such as 2026-11-15 (ISO 8601).
-std::string dayName(Moment moment) {
-    const auto unixSeconds =
-        static_cast<std::int64_t>(std::floor(moment.seconds)) + unixSecondsOfReferenceDate;
-    const std::chrono::sys_seconds local{
-        std::chrono::seconds(unixSeconds + Zone::machine().offsetAt(unixSeconds))};
-    const std::chrono::year_month_day day(std::chrono::floor<std::chrono::days>(local));
-    std::array<char, 32> name{};
-    std::snprintf(name.data(), name.size(), "%04d-%02u-%02u", static_cast<int>(day.year()),
-                  static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day()));
-    return name.data();
-}
-
 /// The library and its images as the bytes of a file.
 std::string backupOf(const Library& library, const MediaFolder& folder) {
     const VantryBackup backup(library, folder.read(library.mediaKeys(), VantryBackup::largestMedia));
@@ -56,7 +41,7 @@ std::string backupOf(const Library& library, const MediaFolder& folder) {
     return file;
 }
 
-/// Whether a file is one of those that make up the library: a backup in its place would be the end of it.
+/// Whether a file is one of those that make up the library: another in its place would be the end of it.
 bool belongsToLibrary(const std::filesystem::path& file, const VantryStore& store) {
     const auto target = std::filesystem::weakly_canonical(file);
     const auto library = std::filesystem::weakly_canonical(store.libraryFile());
@@ -66,15 +51,21 @@ bool belongsToLibrary(const std::filesystem::path& file, const VantryStore& stor
            target == std::filesystem::weakly_canonical(DiskStore::previousOf(store.libraryFile()));
 }
 
-void writeBackup(const std::filesystem::path& file, const VantryStore& store, FileOperations& disk) {
+/// Writes a file that leaves the library. It is there whole or not at all.
+void writeOutside(const std::filesystem::path& file, std::string_view bytes, const VantryStore& store,
+                  FileOperations& disk) {
     if (belongsToLibrary(file, store))
         throw std::runtime_error(
             "资料库本身存放在这里，请另选位置 / The library itself is kept here. Choose another place");
     AtomicFile::removeLeftovers(AtomicFile::resolved(file));
+    AtomicFile::write(file, bytes, disk);
+}
+
+void writeBackup(const std::filesystem::path& file, const VantryStore& store, FileOperations& disk) {
     const std::string bytes = backupOf(store.library(), MediaFolder(store.root(), disk));
     // Nothing leaves that could not come back.
     (void)VantryBackup::decodePadded(bytes);
-    AtomicFile::write(file, bytes, disk);
+    writeOutside(file, bytes, store, disk);
 }
 
 }  // namespace
@@ -83,7 +74,7 @@ void VantryStore::exportBackup() {
     flush();
     if (loadFailed() || around_.panels == nullptr)
         return;
-    const std::string name = "Vantry-" + dayName(around_.clock->now()) + ".vantry";
+    const std::string name = "Vantry-" + readClock(now(), Zone::machine()).dayText() + ".vantry";
     const auto file = around_.panels->save(FilePanels::Content::backup, name, english());
     if (!file)
         return;
@@ -148,6 +139,34 @@ void VantryStore::importImage(Identifier projectID, Identifier actID, Identifier
         const std::string key = images.import(bytes, *around_.disk);
         markCheckpoint();
         updateShot(projectID, actID, shotID, [&](Shot& shot) { shot.imageKey = Text(key); });
+    } catch (const std::exception& failure) {
+        report(failure);
+    }
+}
+
+std::string VantryStore::imageFile(const Text& key) const {
+    try {
+        return readWhole(MediaFolder(root(), *around_.disk).fileOf(key.utf8()), VantryBackup::largestFile,
+                         *around_.disk);
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
+void VantryStore::exportDocument(const std::string& suggestedName, const std::function<QByteArray()>& make) {
+    if (loadFailed() || around_.panels == nullptr)
+        return;
+    const auto file = around_.panels->save(FilePanels::Content::pdf, suggestedName, english());
+    if (!file)
+        return;
+    try {
+        const QByteArray document = make();
+        writeOutside(*file, {document.constData(), static_cast<std::size_t>(document.size())}, *this,
+                     *around_.disk);
+        if (around_.desktop != nullptr && !around_.desktop->open(*file))
+            throw std::runtime_error(
+                "PDF 已保存，但没有程序能打开它 / The PDF is saved, but no program opened it: " +
+                file->string());
     } catch (const std::exception& failure) {
         report(failure);
     }
