@@ -40,7 +40,7 @@ private:
 };
 
 /// A button with a text and, if wanted, a sign in front of it.
-class Button final : public Pressable {
+class Button : public Pressable {
     Q_OBJECT
 
 public:

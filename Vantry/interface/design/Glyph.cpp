@@ -132,6 +132,10 @@ Sketch sketch(Glyph glyph) {
     case Glyph::more:
         s.circle(5, 12, 0.8).circle(12, 12, 0.8).circle(19, 12, 0.8);
         break;
+    case Glyph::share:
+        s.line({{8, 9}, {5, 9}, {5, 21}, {19, 21}, {19, 9}, {16, 9}}).line({{12, 15}, {12, 3}});
+        s.line({{8, 7}, {12, 3}, {16, 7}});
+        break;
     }
     return s;
 }

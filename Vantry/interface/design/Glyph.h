@@ -32,6 +32,7 @@ enum class Glyph {
     photo,
     trash,
     more,
+    share,
 };
 
 /// Draws the sign into `place` with lines of `colour`; `filled` fills its outline as well.

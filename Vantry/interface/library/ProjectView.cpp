@@ -1,6 +1,7 @@
 #include "Vantry/interface/library/ProjectView.h"
 
 #include "Vantry/app/QtText.h"
+#include "Vantry/documents/menu/ExportMenu.h"
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Card.h"
 #include "Vantry/interface/design/LineField.h"
@@ -20,6 +21,8 @@ ProjectView::ProjectView(PageContext given, const Identifier& project, QWidget* 
     , projectID(project) {
     QWidget* body = column().body();
     heading = new PageHeading(body);
+    documents = new ExportMenu(store(), projectID, heading);
+    heading->actions().addWidget(documents);
     auto* desk = new QWidget(body);
     auto* parts = new WorkLayout(Metrics::sideWidth, Metrics::gapSection, desk);
     parts->addWidget(makeOverview(desk));
@@ -107,6 +110,7 @@ bool ProjectView::fill() {
 void ProjectView::fillTexts(const Project& project) {
     const QString name = toQString(project.title);
     setAccessibleName(name);
+    documents->refresh();
     heading->setTexts(text(u"项目工作台", u"Production desk"), name,
                       text(u"导演 · ", u"Director · ") + (project.director.empty()
                                                               ? text(u"待填写", u"Not set")

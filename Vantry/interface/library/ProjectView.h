@@ -7,6 +7,7 @@ namespace vantry {
 class Button;
 class Card;
 class EmptyCard;
+class ExportMenu;
 class LabeledField;
 class PageHeading;
 class ParagraphField;
@@ -32,6 +33,7 @@ private:
 
     const Identifier projectID;
     PageHeading* heading = nullptr;
+    ExportMenu* documents = nullptr;
     EmptyCard* empty = nullptr;
     RowList* acts = nullptr;
     Button* add = nullptr;
