@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
 #include "Vantry/app/VantryStore.h"
+#include "Vantry/schedule/rules/CalendarAgendaItem.h"
 #include "Vantry/verification/Smoke.h"
 #include "VantryCore/persistence/DiskStore.h"
 #include "VantryCore/persistence/VantryBackup.h"
@@ -12,12 +14,8 @@ namespace {
 constexpr const char* takeNotes =
     "第一段：演员回头准确。\n\n第二段：声音需要补录。\nEnglish paragraph preserved.";
 
-struct Fixture {
-    Identifier project, act, shot, take;
-};
-
-Fixture makeFixture(VantryStore& store) {
-    Fixture made;
+FixturePlace makeFixture(VantryStore& store) {
+    FixturePlace made;
     made.project = store.addProject("候车室 · 验证项目", "测试导演");
     made.act = store.addAct(made.project);
     made.shot = store.addShot(made.project, made.act);
@@ -38,7 +36,7 @@ Fixture makeFixture(VantryStore& store) {
     return made;
 }
 
-void verifyTakes(VantryStore& store, const Fixture& made) {
+void verifyTakes(VantryStore& store, const FixturePlace& made) {
     const Identifier second = store.addTake(made.project, made.act, made.shot);
     const auto clean = store.take(made.project, made.act, made.shot, second);
     Smoke::demand(clean && clean->cameraFile.empty() && clean->mixerFile.empty(),
@@ -71,8 +69,10 @@ CallSheetSyncResult synchronise(VantryStore& store, const Identifier& project) {
     return result;
 }
 
-void verifyPeople(VantryStore& store, const Fixture& made) {
+void verifyPeople(VantryStore& store, const FixturePlace& made) {
     store.updateProject(made.project, [&](Project& project) {
+        project.setCrew(
+            {CrewMember::make(CrewRole::cinematographer, "摄影甲"), CrewMember::make(CrewRole::gaffer, " ")});
         project.setCast({CastMember::make("旅客", "演员甲")});
         CallSheet sheet = CallSheet::make(Moment::now());
         sheet.set("address", "示例街道 123 号\n北门入场");
@@ -87,7 +87,9 @@ void verifyPeople(VantryStore& store, const Fixture& made) {
                 person.callTime = "06:45";
     });
     store.updateProject(made.project, [](Project& project) {
-        project.setCrew({CrewMember::make(CrewRole::gaffer, "Added after call sheet")});
+        auto crew = project.crew();
+        crew.push_back(CrewMember::make(CrewRole::boomOperator, "Added after call sheet"));
+        project.setCrew(std::move(crew));
     });
     const auto before = store.project(made.project)->callSheets();
     store.markCheckpoint();
@@ -112,7 +114,7 @@ void verifyBackup(const VantryStore& store) {
     Smoke::demand(VantryBackup::decode(Codec::encode(backup)) == backup, "Backup roundtrip");
 }
 
-void verifyMerge(VantryStore& store, const Fixture& made) {
+void verifyMerge(VantryStore& store, const FixturePlace& made) {
     const Text elsewhere = "另一台设备的不同内容";
     Library other = store.library();
     Shot& shot = other.projects[0].edit().acts[0].edit().shots[0].edit();
@@ -126,18 +128,39 @@ void verifyMerge(VantryStore& store, const Fixture& made) {
     Smoke::demand(mine && mine->notes == Text(takeNotes), "Merge changed the local version");
 }
 
+void verifyAgenda(VantryStore& store, const FixturePlace& made) {
+    const auto project = store.project(made.project);
+    const CallSheet& sheet = project->callSheets().front();
+    const auto call = sheet.calendarStart();
+    Smoke::demand(call.has_value(), "Calendar missed call sheet");
+    const auto schedule = [&](const std::optional<Moment>& start) {
+        store.updateShot(made.project, made.act, made.shot, [&](Shot& shot) { shot.scheduledAt = start; });
+    };
+    for (const double minutes : {60.0, -60.0, 0.0}) {
+        schedule(Moment{call->seconds + minutes * 60});
+        const auto agenda = CalendarAgendaItem::daily(
+            locations(store.library()), callSheetLocations(store.library()), *call, sheet.calendar());
+        Smoke::demand(std::any_of(agenda.begin(), agenda.end(),
+                                  [&](const auto& item) { return item.id() == sheet.id; }),
+                      "Calendar missed call sheet");
+        Smoke::demand(agenda.size() == 2 && agenda[0].start() <= agenda[1].start(),
+                      "Agenda not chronological");
+    }
+    schedule(std::nullopt);
+}
+
 }  // namespace
 
 void FixtureVerification::run(const std::filesystem::path& root) {
     VantryStore store(root);
     Smoke::skip("reference files");
-    const Fixture made = makeFixture(store);
+    const FixturePlace made = makeFixture(store);
     verifyTakes(store, made);
     verifyBackup(store);
     verifyPeople(store, made);
     verifyMerge(store, made);
-    Smoke::skip("agenda of the calendar");
-    Smoke::skip("documents");
+    verifyAgenda(store, made);
+    DocumentVerification::run(store, made);
     if (const char* folder = std::getenv("VANTRY_UI_FIXTURE_DIR"))
         DiskStore::write(store.library(), std::filesystem::path(folder) / "library.json");
 }

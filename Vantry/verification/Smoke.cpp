@@ -60,7 +60,7 @@ bool Smoke::run() {
     skippedGroups = 0;
     skip("BrandVerification");
     verifyFonts();
-    skip("CalendarVerification");
+    CalendarVerification::run();
     skip("ParagraphVerification");
     skip("LayoutVerification");
     InteractionVerification::run();

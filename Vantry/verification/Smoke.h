@@ -4,7 +4,11 @@
 #include <stdexcept>
 #include <string>
 
+#include "VantryCore/records/Identifier.h"
+
 namespace vantry {
+
+class VantryStore;
 
 /// The program's proof of itself: a fixed list of checks against the real code on data of its own.
 struct Smoke {
@@ -26,6 +30,11 @@ struct Smoke {
     static void skip(const std::string& group);
 };
 
+/// The rules of the shoot schedule in a zone whose clocks change.
+struct CalendarVerification {
+    static void run();
+};
+
 /// The gate against doubled creations, on explicit times.
 struct InteractionVerification {
     static void run();
@@ -34,6 +43,16 @@ struct InteractionVerification {
 /// The store on data folders of its own below `root`: clean navigation, failing saves, failing loads.
 struct StoreVerification {
     static void run(const std::filesystem::path& root);
+};
+
+/// The take of the production that the main run makes.
+struct FixturePlace {
+    Identifier project, act, shot, take;
+};
+
+/// The documents of that production in both languages, read back. Its first call sheet has people and times.
+struct DocumentVerification {
+    static void run(VantryStore& store, const FixturePlace& made);
 };
 
 /// A production made, reopened and synchronised in the new data folder `root`.
