@@ -5,9 +5,9 @@
 namespace vantry::conformance {
 
 Operation findOperation(std::string_view name) {
-    const std::array tables{codecOperations(),      exchangeOperations(), gateOperations(),
-                            parametersOperations(), peopleOperations(),   referenceOperations(),
-                            shotOperations()};
+    const std::array tables{codecOperations(),     documentOperations(),   exchangeOperations(),
+                            gateOperations(),      parametersOperations(), peopleOperations(),
+                            referenceOperations(), scheduleOperations(),   shotOperations()};
     for (const auto& table : tables)
         for (const auto& operation : table)
             if (operation.name == name)

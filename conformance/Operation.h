@@ -17,11 +17,13 @@ struct NamedOperation {
 
 // One table for each subject. To support an operation, write its function and add a line to a table.
 [[nodiscard]] std::span<const NamedOperation> codecOperations();
+[[nodiscard]] std::span<const NamedOperation> documentOperations();
 [[nodiscard]] std::span<const NamedOperation> exchangeOperations();
 [[nodiscard]] std::span<const NamedOperation> gateOperations();
 [[nodiscard]] std::span<const NamedOperation> parametersOperations();
 [[nodiscard]] std::span<const NamedOperation> peopleOperations();
 [[nodiscard]] std::span<const NamedOperation> referenceOperations();
+[[nodiscard]] std::span<const NamedOperation> scheduleOperations();
 [[nodiscard]] std::span<const NamedOperation> shotOperations();
 
 /// The operation of that name, or null when it is not supported.
