@@ -17,8 +17,20 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view temporaryEnding = ".tmp";
 
+/// The most bytes that file systems take for a name.
+constexpr std::size_t longestName = 255;
+
+/// A long name is cut between two characters, so that there is room for the rest.
 std::string temporaryBeginning(const fs::path& file) {
-    return "." + file.filename().string() + ".";
+    static const std::size_t room = longestName - freshNamePart().size() - temporaryEnding.size() - 2;
+    std::string name = file.filename().string();
+    if (name.size() > room) {
+        std::size_t end = room;
+        while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80)
+            --end;
+        name.resize(end);
+    }
+    return "." + name + ".";
 }
 
 /// Whether a name is one of those that `temporaryName` gives for a file whose temporary names begin so,

@@ -14,6 +14,7 @@
 
 #include <QTemporaryDir>
 
+#include "Vantry/app/Desktop.h"
 #include "Vantry/app/FilePanels.h"
 #include "Vantry/app/KeyEvents.h"
 #include "Vantry/app/Preferences.h"
@@ -96,6 +97,17 @@ private:
     }
 };
 
+/// A desktop that remembers what it was asked to open.
+class RecordingDesktop final : public Desktop {
+public:
+    bool open(const fs::path& document) override {
+        opened.push_back(document);
+        return hasProgram;
+    }
+    std::vector<fs::path> opened;
+    bool hasProgram = true;
+};
+
 /// Counts what a save does to the disk.
 class CountingDisk final : public FileOperations {
 public:
@@ -129,6 +141,7 @@ protected:
         around.keys = &keys;
         around.disk = faults != nullptr ? faults : &disk;
         around.panels = &panels;
+        around.desktop = &programs;
         around.doubleClickSeconds = [this] { return doubleClick; };
         return std::make_unique<VantryStore>(root(), around);
     }
@@ -155,6 +168,7 @@ protected:
     FakeKeys keys;
     CountingDisk disk;
     FakePanels panels;
+    RecordingDesktop programs;
     FileOperations* faults = nullptr;  ///< in place of `disk` for the stores that are opened from now on
     double doubleClick = 0.4;
     Identifier project, act, shot, take;

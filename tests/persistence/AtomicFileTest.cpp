@@ -56,6 +56,27 @@ TEST(AtomicFile, WritesBytesOfAnyKindAndSize) {
     EXPECT_TRUE(contentOf(folder / "a") == bytes);
 }
 
+TEST(AtomicFile, WritesAFileWithTheLongestNameThatThereIs) {
+    const TemporaryFolder folder;
+    for (const std::string& name : {std::string(255, 'x'), std::string(252, 'x') + "夜", [] {
+                                        std::string characters;
+                                        for (int i = 0; i < 85; ++i)
+                                            characters += "夜";
+                                        return characters;
+                                    }()}) {
+        ASSERT_EQ(name.size(), 255U);
+        AtomicFile::write(folder / name, "first");
+        AtomicFile::write(folder / name, "second");
+        EXPECT_EQ(contentOf(folder / name), "second");
+        const fs::path left = AtomicFile::temporaryName(folder / name);
+        EXPECT_LE(left.filename().string().size(), 255U);
+        support::putContent(left, "half");
+        AtomicFile::removeLeftovers(folder / name);
+        EXPECT_EQ(namesIn(folder.path()), Names{name});
+        fs::remove(folder / name);
+    }
+}
+
 TEST(AtomicFile, AnswersWhichFileTheNewOneIs) {
     const TemporaryFolder folder;
     const auto first = AtomicFile::write(folder / "a", "1");

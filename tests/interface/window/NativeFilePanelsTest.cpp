@@ -79,6 +79,24 @@ TEST_F(NativeFilePanelsTest, SavesUnderTheSuggestedNameAndAddsTheEnding) {
     EXPECT_EQ(answered, folder / "tonight.vantry");
 }
 
+TEST_F(NativeFilePanelsTest, SavesADocumentUnderTheSuggestedName) {
+    for (const bool english : {false, true}) {
+        QString suggested;
+        const File answered =
+            use([&] { return native.save(Content::pdf, "候车室-Report.pdf", english); },
+                [&](QFileDialog& dialog) {
+                    suggested = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text();
+                    EXPECT_EQ(dialog.windowTitle(),
+                              english ? QStringLiteral("Export PDF") : QStringLiteral("导出 PDF"));
+                    EXPECT_EQ(dialog.nameFilters(), QStringList{"PDF (*.pdf *.PDF)"});
+                    EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
+                    accept(dialog, path(folder / "tonight"));
+                });
+        EXPECT_EQ(suggested, QStringLiteral("候车室-Report.pdf"));
+        EXPECT_EQ(answered, folder / "tonight.pdf");
+    }
+}
+
 TEST_F(NativeFilePanelsTest, OffersImagesAlone) {
     const auto chosen = folder / "FRAME.HEIC";
     support::putContent(chosen, "x");

@@ -17,6 +17,7 @@
 #include <QTest>
 
 #include "Vantry/app/AppDelegate.h"
+#include "Vantry/app/Desktop.h"
 #include "Vantry/app/FilePanels.h"
 #include "Vantry/app/QtText.h"
 #include "Vantry/app/VantryApplication.h"
@@ -101,13 +102,25 @@ public:
 
 private:
     std::optional<std::filesystem::path> choose(Content content, const std::string& what) {
-        asked.push_back(what + (content == Content::image ? " image" : " backup"));
+        asked.push_back(what + (content == Content::image ? " image"
+                                : content == Content::pdf ? " pdf"
+                                                          : " backup"));
         isOpen = true;
         if (whileOpen)
             whileOpen();
         isOpen = false;
         return choice;
     }
+};
+
+/// A desktop that remembers what it was asked to open.
+class RecordingDesktop final : public Desktop {
+public:
+    bool open(const std::filesystem::path& document) override {
+        opened.push_back(document);
+        return true;
+    }
+    std::vector<std::filesystem::path> opened;
 };
 
 /// The real window over a real store in a folder of its own, in a world that the test moves: it finds a
@@ -122,6 +135,7 @@ protected:
         around.keys = &VantryApplication::instance();
         around.disk = &disk;
         around.panels = &panels;
+        around.desktop = &desktop;
         window.reset();
         store = std::make_unique<VantryStore>(root(), around);
         store->setLanguage(language);
@@ -252,6 +266,7 @@ protected:
     ManualClock clock;
     FullDisk disk;
     FakePanels panels;
+    RecordingDesktop desktop;
     Text language = "zh";
     bool answerQuit = false;
     std::function<void()> whileAsking;
