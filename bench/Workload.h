@@ -30,6 +30,7 @@ void typeInto(Library& library, const TakePlace& place);
 
 // Each adds its benchmarks; `work` must outlive their run.
 void registerDecoding(const Workload& work);
+void registerDocuments(const Workload& work);
 void registerEncoding(const Workload& work);
 void registerExchange(const Workload& work);
 void registerKeystrokes(const Workload& work);

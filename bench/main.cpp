@@ -16,6 +16,7 @@ int main(int count, char** arguments) {
         using namespace vantry::bench;
         const Workload work = Workload::load(arguments[1]);
         registerDecoding(work);
+        registerDocuments(work);
         registerEncoding(work);
         registerExchange(work);
         registerKeystrokes(work);

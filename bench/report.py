@@ -102,6 +102,10 @@ ROWS = [
      lambda run: run.ratio("backup/encode-images", "backup/base64-by-qt")),
     ("Backup with 90 MB of images, read and checked, times writing it", "x", no_goal,
      lambda run: run.ratio("backup/decode-images", "backup/encode-images")),
+    ("Report, pages a second", "", at_least(300), lambda run: run.of("document/report", "pages_per_second")),
+    ("Report, bytes of memory beyond the document", "", at_most(60_000_000),
+     lambda run: run.of("document/report", "memory_beyond_document")),
+    ("Counts of a month's 42 days", "ms", at_most(8), lambda run: run.of("schedule/month")),
     ("SHA-256, speed beside OpenSSL's own", "x", at_least(0.8), lambda run: run.ratio("hash/openssl", "hash/ours")),
     ("SHA-256, faster than Qt's", "x", at_least(1), lambda run: run.ratio("hash/qt", "hash/ours")),
 ]

@@ -27,7 +27,6 @@ namespace vantry {
 
 /// The application's one state object: the library in memory, the user's choices, the texts of the alerts and
 /// all state of saving. Pages read it and call its operations; nothing else changes the library.
-///
 /// Everything runs on the main thread. Operations report nothing to their caller: failures go to `error`. A
 /// lookup that finds nothing changes nothing. After a failed load no operation changes library or disk.
 class VantryStore final : public QObject {
@@ -99,37 +98,29 @@ public:
     /// Remembers the library as it is before a structural change; first step of each.
     void markCheckpoint();
     [[nodiscard]] bool canUndo() const;
-    /// Takes the newest structural change back, nothing that was written later, and saves at once. A failure
-    /// goes to `error` and changes nothing; the same undo can be tried again.
+    /// Takes the newest structural change back, nothing written later, and saves. A failure changes nothing.
     void undo();
 
-    // Exchange with another machine. Each call lasts until the person has answered the panel.
-
+    // What leaves and comes in. Each call lasts until the person has answered the panel.
     /// Saves, then writes the library with its images to a file that the person chooses.
     void exportBackup();
     /// Merges a backup that the person chooses; tells in `notice` what it did.
     void importBackup();
-    /// Merges the backup in the bytes of a file into the library in memory, unsaved text included. The disk
-    /// holds the merged library before memory changes; then it is one structural change, saved. Throws what
-    /// failed; the library, on disk and in memory, is then what it was.
+    /// Merges the backup in the bytes of a file into the library in memory, unsaved text included, as one
+    /// structural change that is saved first. Throws what failed; then nothing has changed anywhere.
     MergeReport mergeBackupData(std::string file);
 
     /// Brings an image that the person chooses into the shot.
     void importImage(Identifier projectID, Identifier actID, Identifier shotID);
-    /// The image of that key, no larger than `bound` and not enlarged; a null image when there is no key, no
-    /// file or no image in it.
+    /// The image of that key, no larger than `bound`, not enlarged; null without key, file or image.
     [[nodiscard]] QImage image(const std::optional<Text>& key, const QSize& bound);
 
     /// The bytes of the image file of that key; none when there is no such file.
     [[nodiscard]] std::string imageFile(const Text& key) const;
-
-    /// Asks where to keep a document, makes it, writes it whole or not at all, and opens it. The panel
-    /// proposes the name. Failures go to `error`.
+    /// Asks where to keep a document, makes it, writes it whole or not at all and opens it. Failures go to
+    /// `error`.
     void exportDocument(const std::string& suggestedName, const std::function<QByteArray()>& make);
-
-    /// The present moment, as everything that this store does sees it.
     [[nodiscard]] Moment now() const { return around_.clock->now(); }
-
     /// Saves 0.35 s from now, unless called again before.
     void saveSoon();
     /// Saves now. Answers whether the disk holds the library; costs a comparison when nothing changed.

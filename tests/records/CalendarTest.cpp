@@ -1,10 +1,13 @@
 #include "VantryCore/records/Calendar.h"
 
+#include <cmath>
 #include <limits>
 
 #include <gtest/gtest.h>
 
+#include "VantryCore/records/ClockReading.h"
 #include "tests/support/Clock.h"
+#include "tests/support/RandomRecords.h"
 
 namespace vantry {
 namespace {
@@ -113,6 +116,203 @@ TEST(Calendar, FindsTheNextMomentWhoseClockShowsATime) {
     }
 }
 
+struct MinuteCase {
+    const char* what;
+    const char* zone;
+    Moment inside;
+    Moment start;
+};
+
+const MinuteCase minuteCases[] = {
+    {"a whole minute", "America/New_York", utc(2026, 10, 18, 18, 27), utc(2026, 10, 18, 18, 27)},
+    {"within a minute", "America/New_York", utc(2026, 10, 18, 18, 27, 53), utc(2026, 10, 18, 18, 27)},
+    {"its last second", "Asia/Kathmandu", utc(2024, 5, 5, 2, 20, 59), utc(2024, 5, 5, 2, 20)},
+    {"long ago", "UTC", utc(1850, 1, 1, 0, 0, 1), utc(1850, 1, 1)},
+    {"behind a change forward", "America/New_York", utc(2026, 3, 8, 7, 0, 1), utc(2026, 3, 8, 7)},
+    {"behind a change back", "America/New_York", utc(2026, 11, 1, 6, 0, 1), utc(2026, 11, 1, 6)},
+    // -0:44:30 until 1972-01-07, then UTC: the clock jumps to 00:44:30.
+    {"a clock of odd seconds", "Africa/Monrovia", utc(1960, 1, 1, 12, 0, 31), utc(1960, 1, 1, 12, 0, 30)},
+    {"and half a minute earlier", "Africa/Monrovia", utc(1960, 1, 1, 12, 0, 29), utc(1960, 1, 1, 11, 59, 30)},
+    {"a minute that begins with a jump", "Africa/Monrovia", utc(1972, 1, 7, 0, 44, 59),
+     utc(1972, 1, 7, 0, 44, 30)},
+    {"the jump itself", "Africa/Monrovia", utc(1972, 1, 7, 0, 44, 30), utc(1972, 1, 7, 0, 44, 30)},
+    {"the minute in front of the jump", "Africa/Monrovia", utc(1972, 1, 7, 0, 44, 29),
+     utc(1972, 1, 7, 0, 43, 30)},
+    {"the minute behind the jump", "Africa/Monrovia", utc(1972, 1, 7, 0, 45, 1), utc(1972, 1, 7, 0, 45)},
+    // -0:43:08 until 1919-03-01, then -0:44:30: midnight goes back to 23:58:38.
+    {"a minute that begins with a step back", "Africa/Monrovia", utc(1919, 3, 1, 0, 43, 20),
+     utc(1919, 3, 1, 0, 43, 8)},
+    {"the minute behind that step", "Africa/Monrovia", utc(1919, 3, 1, 0, 43, 31),
+     utc(1919, 3, 1, 0, 43, 30)},
+};
+
+TEST(Calendar, BeginsAMinuteWithItsFirstMoment) {
+    for (const auto& c : minuteCases)
+        for (const double fraction : {0.0, 0.5, 0.999}) {
+            const auto start = calendarOf(c.zone).startOfMinute(Moment{c.inside.seconds + fraction});
+            ASSERT_TRUE(start) << c.what;
+            EXPECT_EQ(*start, c.start) << c.what;
+        }
+}
+
+constexpr const char* clocks[] = {
+    "Africa/Monrovia",     "America/New_York",
+    "America/Santiago",    "Asia/Kathmandu",
+    "Asia/Kolkata",        "Asia/Shanghai",
+    "Australia/Lord_Howe", "Europe/Amsterdam",
+    "Europe/Dublin",       "Europe/Moscow",
+    "Europe/Paris",        "Pacific/Apia",
+    "Pacific/Auckland",    "UTC",
+    "America/St_Johns",
+};
+
+std::string minuteShown(const Zone& zone, Moment moment) {
+    const ClockReading reading = readClock(moment, zone);
+    return reading.dayText() + " " + reading.timeText();
+}
+
+/// A moment from 1850 to 2040, often within some minutes of a change of the clocks.
+Moment someMoment(support::RandomRecords& random, const Zone& zone) {
+    std::int64_t unix = random.number(-3'786'912'000, 2'208'988'800);
+    if (const auto change = zone.nextTransition(unix); change && random.chance(0.6))
+        unix = *change + random.number(-130, 130);
+    return Moment{static_cast<double>(unix - unixSecondsOfReferenceDate) +
+                  static_cast<double>(random.number(0, 3)) / 4};
+}
+
+TEST(Calendar, TakesOffNothingButTheSecondsOfAMinute) {
+    support::RandomRecords random(1972);
+    int odd = 0;
+    int cut = 0;
+    for (int round = 0; round < 20000; ++round) {
+        const Calendar calendar = calendarOf(random.oneOf(clocks));
+        const Zone& zone = calendar.zone();
+        const Moment moment = someMoment(random, zone);
+        const std::string place = zone.identifier() + " " + std::to_string(moment.seconds);
+        const auto start = calendar.startOfMinute(moment);
+        ASSERT_TRUE(start) << place;
+        ASSERT_LE(*start, moment) << place;
+        ASSERT_LT(moment.seconds - start->seconds, 60) << place;
+        ASSERT_EQ(minuteShown(zone, *start), minuteShown(zone, moment)) << place;
+        ASSERT_EQ(calendar.startOfMinute(*start), start) << place;
+        // It is the first: its second is 0, or the clock changed just then.
+        const auto unix = static_cast<std::int64_t>(start->seconds) + unixSecondsOfReferenceDate;
+        const bool changed = zone.offsetAt(unix) != zone.offsetAt(unix - 1);
+        ASSERT_TRUE(changed || readClock(*start, zone).second == 0) << place;
+        odd += zone.offsetAt(unix) % 60 != 0 ? 1 : 0;
+        cut += changed && readClock(*start, zone).second != 0 ? 1 : 0;
+    }
+    EXPECT_GT(odd, 1000);
+    EXPECT_GT(cut, 50);
+}
+
+struct ShowingCase {
+    const char* zone;
+    ClockReading reading;
+    Moment moment;
+};
+
+const ShowingCase showingCases[] = {
+    {"UTC", {2001, 1, 1, 0, 0, 0}, Moment{0}},
+    {"UTC", {2024, 2, 29, 23, 59, 59}, utc(2024, 2, 29, 23, 59, 59)},
+    {"America/New_York", {2026, 10, 18, 14, 27, 53}, utc(2026, 10, 18, 18, 27, 53)},
+    {"America/New_York", {2026, 3, 8, 1, 59, 59}, utc(2026, 3, 8, 6, 59, 59)},
+    {"America/New_York", {2026, 3, 8, 3, 0, 0}, utc(2026, 3, 8, 7)},
+    // Of two moments that show it, the first.
+    {"America/New_York", {2026, 11, 1, 1, 0, 0}, utc(2026, 11, 1, 5)},
+    {"America/New_York", {2026, 11, 1, 1, 59, 59}, utc(2026, 11, 1, 5, 59, 59)},
+    {"America/New_York", {2026, 11, 1, 2, 0, 0}, utc(2026, 11, 1, 7)},
+    {"America/Santiago", {2023, 4, 1, 23, 30, 0}, utc(2023, 4, 2, 2, 30)},
+    {"America/Santiago", {2023, 9, 3, 1, 0, 0}, utc(2023, 9, 3, 4)},
+    {"Australia/Lord_Howe", {2023, 4, 2, 1, 45, 0}, utc(2023, 4, 1, 14, 45)},
+    {"Australia/Lord_Howe", {2023, 10, 1, 2, 30, 0}, utc(2023, 9, 30, 15, 30)},
+    {"Pacific/Apia", {2011, 12, 31, 0, 0, 0}, utc(2011, 12, 30, 10)},
+    {"Africa/Monrovia", {1960, 1, 1, 11, 16, 0}, utc(1960, 1, 1, 12, 0, 30)},
+    {"Asia/Kolkata", {1969, 12, 31, 23, 59, 59}, utc(1969, 12, 31, 18, 29, 59)},
+    {"UTC", {1, 1, 1, 0, 0, 0}, utc(1, 1, 1)},
+    {"UTC", {0, 12, 31, 0, 0, 0}, utc(0, 12, 31)},
+    {"UTC", {-399, 2, 28, 0, 0, 0}, utc(-399, 2, 28)},
+    {"UTC", {12345, 6, 7, 8, 9, 10}, utc(12345, 6, 7, 8, 9, 10)},
+};
+
+TEST(Calendar, FindsTheFirstMomentAtWhichCalendarAndClockShowAReading) {
+    for (const auto& c : showingCases) {
+        const auto found = calendarOf(c.zone).momentShowing(c.reading);
+        ASSERT_TRUE(found) << c.zone << " " << c.reading.dayText();
+        EXPECT_EQ(*found, c.moment) << c.zone << " " << c.reading.dayText() << " " << c.reading.timeText();
+    }
+}
+
+TEST(Calendar, FindsNoMomentForAWallTimeThatIsMissing) {
+    struct Case {
+        const char* zone;
+        ClockReading reading;
+    };
+    const Case cases[] = {
+        {"America/New_York", {2026, 3, 8, 2, 0, 0}},       {"America/New_York", {2026, 3, 8, 2, 30, 0}},
+        {"America/New_York", {2026, 3, 8, 2, 59, 59}},     {"America/Santiago", {2023, 9, 3, 0, 0, 0}},
+        {"America/Santiago", {2023, 9, 3, 0, 59, 59}},     {"Australia/Lord_Howe", {2023, 10, 1, 2, 0, 0}},
+        {"Australia/Lord_Howe", {2023, 10, 1, 2, 29, 59}}, {"Pacific/Apia", {2011, 12, 30, 0, 0, 0}},
+        {"Pacific/Apia", {2011, 12, 30, 12, 0, 0}},        {"Pacific/Apia", {2011, 12, 30, 23, 59, 59}},
+        {"Africa/Monrovia", {1972, 1, 7, 0, 44, 29}},      {"Africa/Cairo", {2023, 4, 28, 0, 30, 0}},
+    };
+    for (const auto& c : cases)
+        EXPECT_FALSE(calendarOf(c.zone).momentShowing(c.reading)) << c.zone << " " << c.reading.dayText();
+}
+
+TEST(Calendar, FindsNoMomentForFieldsOutOfRange) {
+    constexpr int least = std::numeric_limits<int>::min();
+    constexpr int most = std::numeric_limits<int>::max();
+    constexpr auto leastYear = std::numeric_limits<std::int64_t>::min();
+    constexpr auto mostYear = std::numeric_limits<std::int64_t>::max();
+    const ClockReading readings[] = {
+        {2025, 0, 1, 0, 0, 0},       {2025, 13, 1, 0, 0, 0},
+        {2025, -1, 1, 0, 0, 0},      {2025, 1, 0, 0, 0, 0},
+        {2025, 1, 32, 0, 0, 0},      {2025, 4, 31, 0, 0, 0},
+        {2025, 2, 29, 0, 0, 0},      {2024, 2, 30, 0, 0, 0},
+        {1900, 2, 29, 0, 0, 0},      {2025, 1, -1, 0, 0, 0},
+        {2025, 1, 1, 24, 0, 0},      {2025, 1, 1, -1, 0, 0},
+        {2025, 1, 1, 0, 60, 0},      {2025, 1, 1, 0, -1, 0},
+        {2016, 12, 31, 23, 59, 60},  {2025, 1, 1, 0, 0, -1},
+        {2025, most, 1, 0, 0, 0},    {2025, 1, least, 0, 0, 0},
+        {2025, 1, 1, most, 0, 0},    {2025, 1, 1, 0, least, 0},
+        {2025, 1, 1, 0, 0, most},    {3'000'001, 1, 1, 0, 0, 0},
+        {-3'000'001, 1, 1, 0, 0, 0}, {mostYear, 1, 1, 0, 0, 0},
+        {leastYear, 1, 1, 0, 0, 0},  {2025, least, least, least, least, least},
+    };
+    for (const auto* zone : {"UTC", "America/New_York", "Australia/Lord_Howe"})
+        for (const auto& reading : readings)
+            EXPECT_FALSE(calendarOf(zone).momentShowing(reading))
+                << zone << " " << reading.year << " " << reading.month << " " << reading.day;
+    EXPECT_TRUE(calendarOf("UTC").momentShowing({2024, 2, 29, 0, 0, 0}));
+    EXPECT_TRUE(calendarOf("UTC").momentShowing({2000, 2, 29, 0, 0, 0}));
+    EXPECT_TRUE(calendarOf("UTC").momentShowing({2'999'999, 12, 31, 23, 59, 59}));
+}
+
+TEST(Calendar, FindsTheMomentThatTheClockWasReadAt) {
+    support::RandomRecords random(1937);
+    int repeated = 0;
+    for (int round = 0; round < 20000; ++round) {
+        const Calendar calendar = calendarOf(random.oneOf(clocks));
+        const Zone& zone = calendar.zone();
+        const Moment moment{std::floor(someMoment(random, zone).seconds)};
+        const ClockReading reading = readClock(moment, zone);
+        const std::string place = zone.identifier() + " " + std::to_string(moment.seconds);
+        const auto found = calendar.momentShowing(reading);
+        ASSERT_TRUE(found) << place;
+        ASSERT_EQ(minuteShown(zone, *found), minuteShown(zone, moment)) << place;
+        ASSERT_EQ(readClock(*found, zone).second, reading.second) << place;
+        // Only a reading that the clock shows twice may lead to another moment: the earlier one.
+        ASSERT_LE(*found, moment) << place;
+        const auto unix = static_cast<std::int64_t>(moment.seconds) + unixSecondsOfReferenceDate;
+        const auto earlier = static_cast<std::int64_t>(found->seconds) + unixSecondsOfReferenceDate;
+        ASSERT_EQ(unix + zone.offsetAt(unix), earlier + zone.offsetAt(earlier)) << place;
+        repeated += *found < moment ? 1 : 0;
+    }
+    EXPECT_GT(repeated, 500);
+    EXPECT_LT(repeated, 10000);
+}
+
 TEST(Calendar, HasNoAnswerForMomentsOnNoCalendar) {
     using Limits = std::numeric_limits<double>;
     const Calendar calendar = calendarOf("America/New_York");
@@ -121,6 +321,7 @@ TEST(Calendar, HasNoAnswerForMomentsOnNoCalendar) {
         const Moment far{seconds};
         EXPECT_FALSE(calendar.startOfDay(far)) << seconds;
         EXPECT_FALSE(calendar.day(far)) << seconds;
+        EXPECT_FALSE(calendar.startOfMinute(far)) << seconds;
         EXPECT_FALSE(calendar.nextMoment(far, 8, 0)) << seconds;
         EXPECT_FALSE(calendar.isSameDay(far, far)) << seconds;
         EXPECT_FALSE(calendar.isSameDay(far, Moment{0})) << seconds;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 #include "Vantry/schedule/rules/Locations.h"
@@ -21,5 +22,9 @@ struct DayCount {
 [[nodiscard]] std::vector<DayCount> countDays(const std::vector<DayInterval>& days,
                                               const std::vector<ShotLocation>& shots,
                                               const std::vector<CallSheetLocation>& callSheets);
+/// The same for all that a library holds, or one project of it, without making the lists.
+[[nodiscard]] std::vector<DayCount> countLibraryDays(const std::vector<DayInterval>& days,
+                                                     const Library& library,
+                                                     const std::optional<Identifier>& onlyProject = {});
 
 }  // namespace vantry
