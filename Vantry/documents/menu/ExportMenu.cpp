@@ -17,7 +17,7 @@ ExportMenu::ExportMenu(VantryStore& opened, const Identifier& project, QWidget* 
     : Button(Kind::quiet, Glyph::share, parent)
     , store(opened)
     , projectID(project) {
-    setPressedOnce();
+    setOpensMenu();
     connect(this, &ExportMenu::clicked, this, [this] { contain(store, [this] { open(); }); });
 }
 

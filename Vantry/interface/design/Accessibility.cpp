@@ -1,7 +1,9 @@
 #include "Vantry/interface/design/Accessibility.h"
 
 #include <QAccessibleWidget>
+#include <QMenu>
 
+#include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Page.h"
 #include "Vantry/interface/design/SegmentedChoice.h"
 #include "Vantry/interface/design/Sheet.h"
@@ -64,6 +66,39 @@ private:
     Segment* button;
 };
 
+/// A button whose menu, while it is open, is its child.
+class MenuOpenerAccessible final : public QAccessibleWidget {
+public:
+    explicit MenuOpenerAccessible(Pressable* opener)
+        : QAccessibleWidget(opener, QAccessible::ButtonMenu)
+        , button(opener) {}
+
+    [[nodiscard]] int childCount() const override { return menu() != nullptr ? 1 : 0; }
+    [[nodiscard]] QAccessibleInterface* child(int index) const override {
+        return index == 0 ? QAccessible::queryAccessibleInterface(menu()) : nullptr;
+    }
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override {
+        return child != nullptr && menu() != nullptr && child->object() == menu() ? 0 : -1;
+    }
+    [[nodiscard]] QStringList actionNames() const override {
+        return QStringList{pressAction(), showMenuAction()} + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& name) override {
+        if (name != pressAction() && name != showMenuAction())
+            QAccessibleWidget::doAction(name);
+        else if (button->isEnabled())
+            button->click();
+    }
+
+private:
+    [[nodiscard]] QMenu* menu() const {
+        auto* found = button->findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+        return found != nullptr && found->isVisible() ? found : nullptr;
+    }
+
+    Pressable* button;
+};
+
 class SheetAccessible final : public QAccessibleWidget {
 public:
     explicit SheetAccessible(Sheet* shown)
@@ -83,6 +118,8 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
         return new StarAccessible(star);
     if (auto* segment = qobject_cast<Segment*>(object))
         return new SegmentAccessible(segment);
+    if (auto* button = qobject_cast<Pressable*>(object); button != nullptr && button->isMenuOpener())
+        return new MenuOpenerAccessible(button);
     if (auto* choice = qobject_cast<SegmentedChoice*>(object))
         return new QAccessibleWidget(choice, QAccessible::Grouping);
     if (auto* rating = qobject_cast<StarRating*>(object))

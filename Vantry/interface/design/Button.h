@@ -21,6 +21,13 @@ public:
     /// Once: a held Return presses the button a single time. For buttons that ask, open or turn something
     /// round; not for those whose repetitions the store refuses itself.
     void setPressedOnce() { pressedOnce = true; }
+    /// It opens a menu, which is its child: assistive tools know it as such and find the menu there, where Qt
+    /// alone would hide it from them.
+    void setOpensMenu() {
+        opensMenu = true;
+        setPressedOnce();
+    }
+    [[nodiscard]] bool isMenuOpener() const noexcept { return opensMenu; }
 
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -37,6 +44,7 @@ private:
     QString shown;
     bool cameByKeyboard = false;
     bool pressedOnce = false;
+    bool opensMenu = false;
 };
 
 /// A button with a text and, if wanted, a sign in front of it.

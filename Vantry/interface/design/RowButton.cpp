@@ -78,7 +78,7 @@ void RowButton::paintEvent(QPaintEvent*) {
 
 RowMenuButton::RowMenuButton(QWidget* parent)
     : Pressable(parent) {
-    setPressedOnce();
+    setOpensMenu();
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 

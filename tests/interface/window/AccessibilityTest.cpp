@@ -60,7 +60,8 @@ TEST_F(AccessibilityTest, TheLibrary) {
 }
 
 TEST_F(AccessibilityTest, AProduction) {
-    expectOnPage(Route::project(project), {{QAccessible::Button, "第 1 幕"},
+    expectOnPage(Route::project(project), {{QAccessible::ButtonMenu, "Export PDF"},
+                                           {QAccessible::Button, "第 1 幕"},
                                            {QAccessible::Button, "Add act"},
                                            {QAccessible::Button, "Delete project…"},
                                            {QAccessible::EditableText, "Project name"},
@@ -73,7 +74,7 @@ TEST_F(AccessibilityTest, AnAct) {
     expectOnPage(Route::act(project, act), {{QAccessible::Button, "Add shot"},
                                             {QAccessible::EditableText, "Act name"},
                                             {QAccessible::Button, row},
-                                            {QAccessible::Button, "Shot actions"},
+                                            {QAccessible::ButtonMenu, "Shot actions"},
                                             {QAccessible::Button, "Delete this act…"}});
 }
 

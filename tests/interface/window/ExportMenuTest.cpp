@@ -163,6 +163,31 @@ TEST_F(ExportMenuTest, AProductionThatGoesMeanwhileIsPrintedAsItWas) {
     EXPECT_FALSE(store->error());
 }
 
+TEST_F(ExportMenuTest, IsFoundByAssistiveToolsWhileItIsOpen) {
+    makeSheets({20});
+    auto& button = get<QAbstractButton>(QStringLiteral("导出 PDF"));
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&button);
+    EXPECT_EQ(spoken->role(), QAccessible::ButtonMenu);
+    EXPECT_EQ(spoken->childCount(), 0);
+    spoken->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    settle();
+    ASSERT_EQ(spoken->childCount(), 1);
+    QAccessibleInterface* menu = spoken->child(0);
+    EXPECT_EQ(menu->role(), QAccessible::PopupMenu);
+    EXPECT_EQ(spoken->indexOfChild(menu), 0);
+    ASSERT_EQ(menu->childCount(), 3);
+    EXPECT_EQ(menu->child(1)->text(QAccessible::Name), QStringLiteral("拍摄报告 PDF · 给导演"));
+    QAccessibleInterface* sheets = menu->child(2)->child(0);
+    ASSERT_EQ(sheets->childCount(), 1);
+    EXPECT_EQ(sheets->child(0)->text(QAccessible::Name), QStringLiteral("2026-03-21 · 第 0 版 & more"));
+    menu->child(0)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    settle();
+    EXPECT_EQ(panels.suggested, "候车室-Storyboard.pdf");
+    QApplication::activePopupWidget()->close();
+    settle();
+    EXPECT_EQ(spoken->childCount(), 0);
+}
+
 TEST_F(ExportMenuTest, OpensByTheKeyboardAndClosesByEscape) {
     get<QAbstractButton>(QStringLiteral("导出 PDF")).setFocus(Qt::TabFocusReason);
     WindowTest::press(Qt::Key_Return);
