@@ -42,8 +42,8 @@ constexpr std::array parameterGroups{
     ParameterSection{"录制与监视", "Recording & monitoring", recording},
 };
 
-std::string orElse(const Text& text, std::string other) {
-    return text.empty() ? std::move(other) : text.utf8();
+std::string orElse(const Text& text, const std::string& other) {
+    return text.empty() ? other : text.utf8();
 }
 
 /// One pass over a production.

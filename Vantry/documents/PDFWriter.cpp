@@ -10,6 +10,7 @@
 #include "Vantry/documents/CairoOwned.h"
 #include "Vantry/documents/FramePicture.h"
 #include "Vantry/documents/PrintedLine.h"
+#include "Vantry/documents/StandIns.h"
 #include "VantryCore/persistence/VantryError.h"
 #include "VantryCore/records/ClockReading.h"
 #include <cairo-pdf.h>
@@ -17,6 +18,8 @@
 namespace vantry {
 namespace {
 
+/// Chinese is named, or punctuation behind Latin would have its Japanese form.
+constexpr const char* textFamilies = "Helvetica,Noto Sans CJK SC,PingFang SC";
 constexpr double footerSize = 9;
 constexpr double footerRise = 25;  // of its baseline above the bottom edge
 constexpr double strokeWidth = 1.5;
@@ -65,16 +68,35 @@ std::size_t wholeCharacters(std::string_view utf8, std::size_t size) {
     return size;
 }
 
-/// Pango ends a text at its first NUL and draws other controls as boxes; a line end of two characters is one.
-std::string withoutControls(std::string_view utf8) {
+/// Whether a character stands for nothing (Unicode 2.4, "noncharacters"): Cairo refuses them.
+bool isNoncharacter(char32_t c) {
+    return (c >= 0xFDD0 && c <= 0xFDEF) || (c & 0xFFFEU) == 0xFFFE;
+}
+
+bool isControl(char32_t c) {
+    return c != U'\n' && c != U'\r' && c != U'\t' && (c < 0x20 || (c >= 0x7F && c <= 0x9F));
+}
+
+/// What can be printed. Pango ends a text at its first NUL and draws other controls as boxes; a line end of
+/// two characters is one.
+std::string printable(const std::string& utf8) {
     std::string text;
     text.reserve(utf8.size());
-    for (std::size_t i = 0; i < utf8.size(); ++i) {
-        const char c = utf8[i];
-        if (c == '\r' && i + 1 < utf8.size() && utf8[i + 1] == '\n')
-            continue;
-        const bool isControl = (c >= 0 && c < ' ' && c != '\n' && c != '\r' && c != '\t') || c == '\x7F';
-        text += isControl ? ' ' : c;
+    const char* at = utf8.data();
+    const char* const end = at + utf8.size();
+    while (at < end) {
+        const gunichar c = g_utf8_get_char_validated(at, end - at);
+        const bool isValid = c != static_cast<gunichar>(-1) && c != static_cast<gunichar>(-2);
+        // A NUL is told apart from the end of a text by the length alone.
+        const char* const next = isValid && *at != '\0' ? g_utf8_next_char(at) : at + 1;
+        const bool endsLineWithNext = *at == '\r' && next < end && *next == '\n';
+        if (*at == '\0' || (isValid && isControl(c)))
+            text += ' ';
+        else if (!isValid || isNoncharacter(c))
+            text += "\uFFFD";
+        else if (!endsLineWithNext)
+            text.append(at, next);
+        at = next;
     }
     return text;
 }
@@ -82,6 +104,7 @@ std::string withoutControls(std::string_view utf8) {
 }  // namespace
 
 struct PDFWriter::Canvas {
+    StandIns standIns;
     OwnedSurface surface;
     OwnedContext context;
     OwnedLayout paragraph;
@@ -122,7 +145,7 @@ void PDFWriter::ensure(double points) {
 }
 
 void PDFWriter::text(const std::string& utf8, double size, bool bold) {
-    const std::string text = withoutControls(utf8);
+    const std::string text = printable(utf8);
     std::string_view rest = text;
     while (true) {
         const std::size_t end = rest.find('\n');
@@ -140,7 +163,7 @@ void PDFWriter::paragraph(std::string_view utf8, double size, bool bold) {
         return;
     }
     PangoLayout* const layout = canvas->paragraph.get();
-    setFont(layout, "Helvetica", size, bold);
+    setFont(layout, textFamilies, size, bold);
     std::size_t piece = pieceSize;
     while (!utf8.empty()) {
         const std::size_t taken = wholeCharacters(utf8, piece);
@@ -174,7 +197,7 @@ std::size_t PDFWriter::writeLines(double size, bool toTheEnd) {
         const double lineHeight = std::max(size * 1.5, line.ascent() + line.descent() + line.leading() + 3);
         ensure(lineHeight);
         cairo_set_source_rgb(context, 0, 0, 0);
-        line.draw(context, margin, y + line.ascent());
+        line.draw(context, margin, y + line.ascent(), canvas->standIns);
         y += lineHeight;
         isFirst = false;
     } while (pango_layout_iter_next_line(lines.get()) != 0);
@@ -188,7 +211,7 @@ void PDFWriter::footer() {
     pango_layout_set_text(layout, text.data(), static_cast<int>(text.size()));
     const OwnedLines lines(pango_layout_get_iter(layout));
     cairo_set_source_rgb(context, 0.5, 0.5, 0.5);
-    PrintedLine(lines.get()).draw(context, margin, height - footerRise);
+    PrintedLine(lines.get()).draw(context, margin, height - footerRise, canvas->standIns);
 }
 
 void PDFWriter::storyboard(const Shot& shot) {

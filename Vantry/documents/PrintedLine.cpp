@@ -3,29 +3,23 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <string_view>
 #include <vector>
 
 #include <hb-ot.h>
 #include <hb.h>
 
 #include "Vantry/documents/CairoOwned.h"
+#include "Vantry/documents/StandIns.h"
+#include "VantryCore/records/Text.h"
 
 namespace vantry {
 namespace {
 
-constexpr double boxEdge = 0.5;
 constexpr double pictureSharpness = 4;  ///< pixels a point
 
 double points(int pangoUnits) {
     return static_cast<double>(pangoUnits) / PANGO_SCALE;
-}
-
-bool isUnknown(const PangoGlyphInfo& glyph) {
-    return (glyph.glyph & PANGO_GLYPH_UNKNOWN_FLAG) != 0;
-}
-
-bool hasUnknown(const PangoGlyphItem& run) {
-    return std::any_of(run.glyphs->glyphs, run.glyphs->glyphs + run.glyphs->num_glyphs, isUnknown);
 }
 
 /// Whether the font's glyphs are pictures, which a PDF keeps without their text.
@@ -35,16 +29,24 @@ bool hasPictures(PangoFont* font) {
            hb_ot_color_has_svg(face) != 0;
 }
 
+bool isUnknown(const PangoGlyphInfo& glyph) {
+    return (glyph.glyph & PANGO_GLYPH_UNKNOWN_FLAG) != 0;
+}
+
+bool isEmpty(const PangoGlyphInfo& glyph) {
+    return glyph.glyph == PANGO_GLYPH_EMPTY;
+}
+
 /// Some glyphs of a run that stand for some of its characters.
 struct Cluster {
     PangoGlyphInfo* glyphs;
     int count;
-    const char* text;
-    int bytes;
+    std::string_view text;
     double left;  ///< from the run's left end, in points
     double width;
 
     [[nodiscard]] bool isUnknown() const { return std::any_of(glyphs, glyphs + count, vantry::isUnknown); }
+    [[nodiscard]] bool isEmpty() const { return std::all_of(glyphs, glyphs + count, vantry::isEmpty); }
 };
 
 double widthOf(const PangoGlyphInfo* glyphs, int count) {
@@ -63,48 +65,14 @@ std::vector<Cluster> clustersOf(PangoGlyphItem& run, const char* text) {
         const int first = backwards ? place.end_glyph + 1 : place.start_glyph;
         const int end = backwards ? place.start_glyph + 1 : place.end_glyph;
         PangoGlyphInfo* const glyphs = run.glyphs->glyphs;
-        list.push_back({glyphs + first, end - first, text + place.start_index,
-                        place.end_index - place.start_index, widthOf(glyphs, first),
-                        widthOf(glyphs + first, end - first)});
+        list.push_back(
+            {glyphs + first,
+             end - first,
+             {text + place.start_index, static_cast<std::size_t>(place.end_index - place.start_index)},
+             widthOf(glyphs, first),
+             widthOf(glyphs + first, end - first)});
     }
     return list;
-}
-
-/// Puts characters into the document that nobody sees there: a blank of the layout's own font that reads as
-/// them.
-class UnseenText {
-public:
-    explicit UnseenText(PangoLayout* layout) {
-        PangoContext* const context = pango_layout_get_context(layout);
-        font = pango_context_load_font(context, pango_layout_get_font_description(layout));
-        if (font != nullptr)
-            hb_font_get_nominal_glyph(pango_font_get_hb_font(font), ' ', &blank);
-    }
-    UnseenText(const UnseenText&) = delete;
-    UnseenText& operator=(const UnseenText&) = delete;
-    ~UnseenText() { g_clear_object(&font); }
-
-    void write(cairo_t* context, const char* utf8, int bytes, double x, double y) const {
-        if (font == nullptr || blank == 0)
-            return;
-        cairo_set_scaled_font(context, pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font)));
-        const cairo_glyph_t glyph{blank, x, y};
-        const cairo_text_cluster_t cluster{bytes, 1};
-        cairo_show_text_glyphs(context, utf8, bytes, &glyph, 1, &cluster, 1, {});
-    }
-
-private:
-    PangoFont* font = nullptr;
-    hb_codepoint_t blank = 0;
-};
-
-/// An empty box in place of a character that no font has.
-void drawBox(cairo_t* context, double x, double y, double width, double height) {
-    cairo_save(context);
-    cairo_set_line_width(context, boxEdge);
-    cairo_rectangle(context, x + boxEdge, y - height, std::max(width - 2 * boxEdge, boxEdge), height);
-    cairo_stroke(context);
-    cairo_restore(context);
 }
 
 /// Draws a glyph that is a picture as sharp as print shows it: left to Cairo, it would have a pixel a point.
@@ -131,16 +99,49 @@ void drawPicture(cairo_t* context, PangoFont* font, const Cluster& cluster, doub
     cairo_restore(context);
 }
 
-/// Draws a run whose glyphs do not carry their text into the document, and the text beside it.
-void drawUnreadable(cairo_t* context, PangoLayout* layout, PangoGlyphItem& run, double x, double y) {
-    const UnseenText unseen(layout);
+/// Draws glyphs of a font with the text that they stand for.
+void drawGlyphs(cairo_t* context, PangoFont* font, const Cluster& cluster, double x, double y) {
+    std::vector<cairo_glyph_t> shown;
+    for (const PangoGlyphInfo* glyph = cluster.glyphs; glyph != cluster.glyphs + cluster.count; ++glyph) {
+        if (!isEmpty(*glyph))
+            shown.push_back(
+                {glyph->glyph, x + points(glyph->geometry.x_offset), y + points(glyph->geometry.y_offset)});
+        x += points(glyph->geometry.width);
+    }
+    const cairo_text_cluster_t whole{static_cast<int>(cluster.text.size()), static_cast<int>(shown.size())};
+    cairo_set_scaled_font(context, pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font)));
+    cairo_show_text_glyphs(context, cluster.text.data(), whole.num_bytes, shown.data(), whole.num_glyphs,
+                           &whole, 1, {});
+}
+
+/// Whether drawing the run's glyphs alone would leave its text, or some of it, out of the document.
+bool losesText(const PangoGlyphItem& run) {
+    const PangoGlyphInfo* const glyphs = run.glyphs->glyphs;
+    return hasPictures(run.item->analysis.font) ||
+           std::any_of(glyphs, glyphs + run.glyphs->num_glyphs,
+                       [](const auto& glyph) { return isUnknown(glyph) || isEmpty(glyph); });
+}
+
+/// Draws such a run with stand-ins for what no font writes.
+void drawWithStandIns(cairo_t* context, PangoLayout* layout, PangoGlyphItem& run, StandIns& standIns,
+                      double x, double y) {
+    PangoFont* const font = run.item->analysis.font;
+    const bool arePictures = hasPictures(font);
     const double size = points(pango_font_description_get_size(pango_layout_get_font_description(layout)));
     for (const Cluster& cluster : clustersOf(run, pango_layout_get_text(layout))) {
-        if (cluster.isUnknown())
-            drawBox(context, x + cluster.left, y, cluster.width, size / 2);
-        else
-            drawPicture(context, run.item->analysis.font, cluster, x + cluster.left, y);
-        unseen.write(context, cluster.text, cluster.bytes, x + cluster.left, y);
+        const double left = x + cluster.left;
+        if (cluster.isUnknown()) {
+            standIns.drawBox(context, cluster.text, size, cluster.width, left, y);
+        } else if (cluster.isEmpty()) {
+            // Tabs and line ends are known by where the next text stands.
+            if (!isBlank(cluster.text))
+                standIns.putUnseen(context, cluster.text, size, left, y);
+        } else if (arePictures) {
+            drawPicture(context, font, cluster, left, y);
+            standIns.putUnseen(context, cluster.text, size, left, y);
+        } else {
+            drawGlyphs(context, font, cluster, left, y);
+        }
     }
 }
 
@@ -160,12 +161,12 @@ PrintedLine::PrintedLine(PangoLayoutIter* lines)
     }
 }
 
-void PrintedLine::draw(cairo_t* context, double x, double y) const {
+void PrintedLine::draw(cairo_t* context, double x, double y, StandIns& standIns) const {
     const char* const text = pango_layout_get_text(line->layout);
     for (const GSList* next = line->runs; next != nullptr; next = next->next) {
         auto* const run = static_cast<PangoGlyphItem*>(next->data);
-        if (hasUnknown(*run) || hasPictures(run->item->analysis.font)) {
-            drawUnreadable(context, line->layout, *run, x, y);
+        if (losesText(*run)) {
+            drawWithStandIns(context, line->layout, *run, standIns, x, y);
         } else {
             cairo_move_to(context, x, y);
             pango_cairo_show_glyph_item(context, text, run);

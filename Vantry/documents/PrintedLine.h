@@ -4,6 +4,8 @@
 
 namespace vantry {
 
+class StandIns;
+
 /// A line of text that Pango laid out, to be printed so that a reader of the document finds every character
 /// again: those that no font has, and those that a font has only as pictures, too.
 class PrintedLine {
@@ -21,7 +23,7 @@ public:
     [[nodiscard]] int length() const noexcept { return line->length; }
 
     /// Draws the line in the context's colour with the left end of its base line at that place.
-    void draw(cairo_t* context, double x, double y) const;
+    void draw(cairo_t* context, double x, double y, StandIns& standIns) const;
 
 private:
     PangoLayoutLine* line;

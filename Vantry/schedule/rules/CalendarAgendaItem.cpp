@@ -41,6 +41,7 @@ std::vector<CalendarAgendaItem> CalendarAgendaItem::daily(const std::vector<Shot
             items.push_back(std::move(item));
     }
     std::vector<const CalendarAgendaItem*> order;
+    order.reserve(items.size());
     for (const auto& item : items)
         order.push_back(&item);
     // The bytes of an identifier have the order of its text.
@@ -48,6 +49,7 @@ std::vector<CalendarAgendaItem> CalendarAgendaItem::daily(const std::vector<Shot
         return a->begin < b->begin || (a->begin == b->begin && a->id() < b->id());
     });
     std::vector<CalendarAgendaItem> sorted;
+    sorted.reserve(order.size());
     for (const auto* item : order)
         sorted.push_back(*item);
     return sorted;
