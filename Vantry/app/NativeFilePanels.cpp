@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QPointer>
+#include <QRegularExpressionValidator>
 #include <QScopedValueRollback>
 #include <QStandardPaths>
 
@@ -48,8 +50,26 @@ QString startFolder(const std::filesystem::path& last) {
     return QDir::homePath();
 }
 
-QFileDialog* makeDialog(Content content, bool saving, bool english, const std::filesystem::path& last) {
-    auto* dialog = new QFileDialog(topmostWindow(), QString(), startFolder(last));
+/// Qt's own dialog takes a quotation mark for the edge of one of several names, and any ending for the kind
+/// of file.
+class FileDialog final : public QFileDialog {
+public:
+    using QFileDialog::QFileDialog;
+
+    QString ending;  ///< of every name that is chosen, such as ".pdf"; empty: any
+
+protected:
+    void accept() override {
+        auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        if (name != nullptr && !ending.isEmpty() && !name->text().isEmpty() &&
+            !name->text().endsWith(ending, Qt::CaseInsensitive) && !directory().exists(name->text()))
+            name->setText(name->text() + ending);
+        QFileDialog::accept();
+    }
+};
+
+FileDialog* makeDialog(Content content, bool saving, bool english, const std::filesystem::path& last) {
+    auto* dialog = new FileDialog(topmostWindow(), QString(), startFolder(last));
     dialog->setWindowModality(Qt::WindowModal);
     dialog->setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog->setFileMode(saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
@@ -85,7 +105,12 @@ std::optional<std::filesystem::path> NativeFilePanels::save(Content content, con
         return std::nullopt;
     auto* dialog = makeDialog(content, true, english, lastFolder);
     dialog->setDefaultSuffix(content == Content::pdf ? QStringLiteral("pdf") : QStringLiteral("vantry"));
-    dialog->selectFile(QString::fromStdString(suggestedName));
+    if (content == Content::pdf)
+        dialog->ending = QStringLiteral(".pdf");
+    static const QRegularExpression withoutQuotes(QStringLiteral("[^\"]*"));
+    if (auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")))
+        name->setValidator(new QRegularExpressionValidator(withoutQuotes, dialog));
+    dialog->selectFile(QString::fromStdString(suggestedName).replace(QLatin1Char('"'), QLatin1Char('\'')));
     return run(dialog);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include <cairo.h>
 #include <pango/pangocairo.h>
 
@@ -13,5 +15,8 @@ using OwnedFontOptions = Owned<cairo_font_options_t, cairo_font_options_destroy>
 using OwnedLayout = Owned<PangoLayout, g_object_unref>;
 using OwnedLines = Owned<PangoLayoutIter, pango_layout_iter_free>;
 using OwnedFont = Owned<PangoFontDescription, pango_font_description_free>;
+
+/// Gives a document these bytes beside the pixels of a surface. Does nothing without bytes or surface.
+void attachBytes(cairo_surface_t* surface, const char* type, std::string bytes);
 
 }  // namespace vantry

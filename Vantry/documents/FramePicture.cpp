@@ -40,6 +40,11 @@ struct Stored {
     }
 };
 
+/// Whether a JPEG file ends with its end marker: neither cut off nor with something else behind.
+bool isWhole(const std::string& file) {
+    return file.ends_with("\xFF\xD9");
+}
+
 /// Both for pixels of 32 bits.
 bool isOpaque(const QImage& image) {
     if (!image.hasAlphaChannel())
@@ -98,16 +103,16 @@ void FramePicture::load(std::string file, const std::string& key) {
     if (image.isNull())
         return;
     const bool asItIs = head && (head->components == 1 || head->components == 3) && stored.isUpright &&
-                        head->width == image.width() && head->height == image.height();
+                        head->width == image.width() && head->height == image.height() && isWhole(file);
     const bool lossless = !asItIs && (!isOpaque(image) || (!head && hasFewColours(image)));
     if (lossless) {
         take(hasFewColours(image) ? image : within(image, bound));
     } else {
         image = within(image.convertToFormat(QImage::Format_RGB32), bound);
         take(image);
-        attach(CAIRO_MIME_TYPE_JPEG, asItIs ? std::move(file) : asJpeg(image));
+        attachBytes(surface.get(), CAIRO_MIME_TYPE_JPEG, asItIs ? std::move(file) : asJpeg(image));
     }
-    attach(CAIRO_MIME_TYPE_UNIQUE_ID, key);
+    attachBytes(surface.get(), CAIRO_MIME_TYPE_UNIQUE_ID, key);
 }
 
 /// Makes the surface of the image's pixels.
@@ -124,17 +129,6 @@ void FramePicture::take(const QImage& image) {
                     static_cast<std::size_t>(image.width()) * sizeof(QRgb));
     cairo_surface_mark_dirty(made.get());
     surface = std::move(made);
-}
-
-/// Gives the document these bytes beside the pixels. Does nothing without bytes or pixels.
-void FramePicture::attach(const char* type, std::string bytes) {
-    if (surface == nullptr || bytes.empty())
-        return;
-    auto kept = std::make_unique<std::string>(std::move(bytes));
-    const auto release = [](void* text) { delete static_cast<std::string*>(text); };
-    if (cairo_surface_set_mime_data(surface.get(), type, reinterpret_cast<const unsigned char*>(kept->data()),
-                                    kept->size(), release, kept.get()) == CAIRO_STATUS_SUCCESS)
-        static_cast<void>(kept.release());
 }
 
 void FramePicture::draw(cairo_t* context) const {

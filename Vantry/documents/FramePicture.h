@@ -11,9 +11,9 @@ namespace vantry {
 /// An image made ready for a frame of a document: upright, no sharper than print can show, and in the form
 /// that keeps the document small.
 ///
-/// A JPEG that is upright, of one or three components and at or below 220 dots per inch goes in as it is. Any
-/// other photograph is scaled down to 220 dots per inch and stored as JPEG at quality 85. Pictures of few
-/// colours, or with transparency, stay lossless; they keep their own size unless that is beyond reason.
+/// A whole JPEG that is upright, of one or three components and at or below 220 dots per inch goes in as it
+/// is. Any other photograph is scaled down to 220 dots per inch and stored as JPEG at quality 85. Pictures of
+/// few colours, or with transparency, stay lossless; they keep their own size unless that is beyond reason.
 class FramePicture {
 public:
     static constexpr double sharpest = 220;  ///< dots per inch
@@ -33,7 +33,6 @@ public:
 
 private:
     void take(const QImage& image);
-    void attach(const char* type, std::string bytes);
 
     const double frameWidth;
     const double frameHeight;

@@ -20,10 +20,6 @@ std::optional<JpegHead> JpegHead::read(std::string_view file) {
     std::size_t at = 2;
     while (at + 10 <= file.size() && byte(at) == 0xFF) {
         const unsigned marker = byte(at + 1);
-        if (marker == 0xFF) {  // any number of these may stand in front of a marker
-            ++at;
-            continue;
-        }
         if (marker >= firstFrame && marker <= progressiveFrame) {
             if (byte(at + 4) != 8)
                 return std::nullopt;

@@ -12,7 +12,8 @@ struct JpegHead {
     int components = 0;
 
     /// Reads the header of a file that every reader of PDF can show: baseline, extended or progressive, of
-    /// eight bits. Nothing for others and for what is no JPEG.
+    /// eight bits. Nothing for others, for files that fill the room between segments, and for what is no
+    /// JPEG.
     [[nodiscard]] static std::optional<JpegHead> read(std::string_view file);
 };
 

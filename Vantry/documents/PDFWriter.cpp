@@ -25,7 +25,7 @@ constexpr double footerRise = 25;  // of its baseline above the bottom edge
 constexpr double strokeWidth = 1.5;
 
 /// Long paragraphs are laid out in pieces of so many bytes: Pango takes time by the square of a piece.
-constexpr std::size_t pieceSize = 4096;
+constexpr std::size_t pieceSize = 2048;
 
 cairo_status_t append(void* data, const unsigned char* bytes, unsigned int length) {
     try {
@@ -164,15 +164,10 @@ void PDFWriter::paragraph(std::string_view utf8, double size, bool bold) {
     }
     PangoLayout* const layout = canvas->paragraph.get();
     setFont(layout, textFamilies, size, bold);
-    std::size_t piece = pieceSize;
     while (!utf8.empty()) {
-        const std::size_t taken = wholeCharacters(utf8, piece);
+        const std::size_t taken = wholeCharacters(utf8, pieceSize);
         pango_layout_set_text(layout, utf8.data(), static_cast<int>(taken));
-        const std::size_t written = writeLines(size, taken == utf8.size());
-        // So many characters on one line have no width: take more at once.
-        if (written == 0)
-            piece *= 2;
-        utf8.remove_prefix(written);
+        utf8.remove_prefix(writeLines(size, taken == utf8.size()));
     }
     y += 4;
 }
@@ -187,11 +182,12 @@ std::size_t PDFWriter::writeLines(double size, bool toTheEnd) {
     bool isFirst = true;
     do {
         const PrintedLine line(lines.get());
-        if (pango_layout_iter_at_last_line(lines.get()) != 0) {
+        // Characters without width may fill a piece and no line: such a line ends where the piece does.
+        if (pango_layout_iter_at_last_line(lines.get()) != 0 && !isFirst) {
             if (!toTheEnd)
                 return static_cast<std::size_t>(line.start());
             // What follows a line end at the end of the paragraph is no line.
-            if (line.length() == 0 && !isFirst)
+            if (line.length() == 0)
                 break;
         }
         const double lineHeight = std::max(size * 1.5, line.ascent() + line.descent() + line.leading() + 3);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -75,26 +76,44 @@ std::vector<Cluster> clustersOf(PangoGlyphItem& run, const char* text) {
     return list;
 }
 
+/// Tells a picture from all others of the document.
+std::string pictureName(PangoFont* font, const Cluster& cluster) {
+    const Owned<PangoFontDescription, pango_font_description_free> description(
+        pango_font_describe_with_absolute_size(font));
+    const Owned<char, g_free> face(pango_font_description_to_string(description.get()));
+    std::string name = face.get();
+    for (const PangoGlyphInfo* glyph = cluster.glyphs; glyph != cluster.glyphs + cluster.count; ++glyph)
+        name += " " + std::to_string(glyph->glyph);
+    return name;
+}
+
 /// Draws a glyph that is a picture as sharp as print shows it: left to Cairo, it would have a pixel a point.
-void drawPicture(cairo_t* context, PangoFont* font, const Cluster& cluster, double x, double y) {
+void drawPicture(cairo_t* context, PangoFont* font, const Cluster& cluster, StandIns& standIns, double x,
+                 double y) {
     std::vector<int> logClusters(static_cast<std::size_t>(cluster.count));
     PangoGlyphString glyphs{cluster.count, cluster.glyphs, logClusters.data(), cluster.count};
     PangoRectangle ink;
     pango_glyph_string_extents(&glyphs, font, &ink, nullptr);
-    const auto pixels = [](int pangoUnits) {
-        return static_cast<int>(std::ceil(points(pangoUnits) * pictureSharpness)) + 1;
+    const auto make = [&] {
+        const auto pixels = [](int pangoUnits) {
+            return static_cast<int>(std::ceil(points(pangoUnits) * pictureSharpness)) + 1;
+        };
+        OwnedSurface picture(
+            cairo_image_surface_create(CAIRO_FORMAT_ARGB32, pixels(ink.width), pixels(ink.height)));
+        const OwnedContext canvas(cairo_create(picture.get()));
+        cairo_scale(canvas.get(), pictureSharpness, pictureSharpness);
+        cairo_move_to(canvas.get(), -points(ink.x), -points(ink.y));
+        pango_cairo_show_glyph_string(canvas.get(), font, &glyphs);
+        cairo_surface_flush(picture.get());
+        return picture;
     };
-    const OwnedSurface picture(
-        cairo_image_surface_create(CAIRO_FORMAT_ARGB32, pixels(ink.width), pixels(ink.height)));
-    const OwnedContext canvas(cairo_create(picture.get()));
-    cairo_scale(canvas.get(), pictureSharpness, pictureSharpness);
-    cairo_move_to(canvas.get(), -points(ink.x), -points(ink.y));
-    pango_cairo_show_glyph_string(canvas.get(), font, &glyphs);
-    cairo_surface_flush(picture.get());
+    const std::string name = pictureName(font, cluster);
+    cairo_surface_t* const picture = standIns.picture(name, make);
+    attachBytes(picture, CAIRO_MIME_TYPE_UNIQUE_ID, name);
     cairo_save(context);
     cairo_translate(context, x + points(ink.x), y + points(ink.y));
     cairo_scale(context, 1 / pictureSharpness, 1 / pictureSharpness);
-    cairo_set_source_surface(context, picture.get(), 0, 0);
+    cairo_set_source_surface(context, picture, 0, 0);
     cairo_paint(context);
     cairo_restore(context);
 }
@@ -137,7 +156,7 @@ void drawWithStandIns(cairo_t* context, PangoLayout* layout, PangoGlyphItem& run
             if (!isBlank(cluster.text))
                 standIns.putUnseen(context, cluster.text, size, left, y);
         } else if (arePictures) {
-            drawPicture(context, font, cluster, left, y);
+            drawPicture(context, font, cluster, standIns, left, y);
             standIns.putUnseen(context, cluster.text, size, left, y);
         } else {
             drawGlyphs(context, font, cluster, left, y);

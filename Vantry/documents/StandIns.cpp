@@ -63,4 +63,11 @@ void StandIns::putUnseen(cairo_t* context, std::string_view utf8, double size, d
     show(context, {}, utf8, size, x, y);
 }
 
+cairo_surface_t* StandIns::picture(const std::string& name, const std::function<OwnedSurface()>& make) {
+    const auto [known, isNew] = pictures.try_emplace(name);
+    if (isNew)
+        known->second = make();
+    return known->second.get();
+}
+
 }  // namespace vantry

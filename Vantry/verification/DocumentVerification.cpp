@@ -113,7 +113,8 @@ void verifyReport(VantryStore& store, const FixturePlace& made, const std::files
         const PrintedDocument brief(folder, "Notes-" + language,
                                     PDFExport::render(*store.project(made.project), true, store));
         Smoke::demand(brief.has(kept) && !plan.has(QString::fromLatin1(endOfReport)), "PDF missing notes");
-        Smoke::demand(report.has(project->title) && plan.has(QStringLiteral("听见广播，回头。停两秒。")),
+        Smoke::demand((english || report.has(QStringLiteral("拍摄报告 · 给导演"))) &&
+                          report.has(project->title) && plan.has(QStringLiteral("听见广播，回头。停两秒。")),
                       "Chinese PDF text");
         for (const auto& member : project->crew()) {
             if (isBlank(member.name.utf8())) {

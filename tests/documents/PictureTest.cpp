@@ -239,6 +239,22 @@ TEST(Picture, ThatIsBrokenBreaksNoDocument) {
     }
 }
 
+TEST(Picture, ThatIsNotAWholeJpegIsMadeAnew) {
+    const std::string jpeg = fileOf(photograph(640, 360), "JPEG", 95);
+    const std::string behind = jpeg + std::string(500'000, 'x');
+    const std::string filled = jpeg.substr(0, 2) + "\xFF\xFF" + jpeg.substr(2);
+    const std::string cut = jpeg.substr(0, jpeg.size() * 3 / 4);
+    for (const auto& image : {behind, filled, cut}) {
+        const PrintedFile file = documentWith({image});
+        const auto list = file.pictureList();
+        ASSERT_EQ(list.size(), 1U);
+        EXPECT_EQ(list[0].at(encoding), "jpeg");
+        const std::string stored = file.pictures().at(0);
+        EXPECT_LT(stored.size(), jpeg.size());
+        EXPECT_TRUE(stored.ends_with("\xFF\xD9"));
+    }
+}
+
 TEST(Picture, OfOneKeyIsStoredOnceHoweverManyShotsShowIt) {
     const std::string once = fileOf(photograph(640, 360), "JPEG", 90);
     for (const auto& image : {once, fileOf(quarters(640, 360), "PNG"), fileOf(photograph(640, 360), "PNG")}) {

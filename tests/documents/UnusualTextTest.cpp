@@ -69,6 +69,18 @@ TEST(UnusualText, OfEmojiCanBeCopied) {
     }
 }
 
+TEST(UnusualText, KeepsThePictureOfAnEmojiOnce) {
+    const auto write = [](int count) {
+        std::string text;
+        for (int i = 0; i < count; ++i)
+            text += "😀 ";
+        return printed([&](PDFWriter& writer) { writer.text(text, 11); });
+    };
+    EXPECT_LT(write(1000).size(), write(1).size() + 40'000);
+    const PrintedFile two([](PDFWriter& writer) { writer.text("😀 🎬", 11); });
+    EXPECT_EQ(two.pictureList().size(), 4U) << "each with its mask";
+}
+
 TEST(UnusualText, OfEmojiIsPrintedInColour) {
     const QImage page = PrintedFile([](PDFWriter& writer) { writer.text("A ❤\uFE0F", 40); }).look(0, 72);
     int red = 0;

@@ -97,6 +97,38 @@ TEST_F(NativeFilePanelsTest, SavesADocumentUnderTheSuggestedName) {
     }
 }
 
+TEST_F(NativeFilePanelsTest, SavesADocumentAsPDFWhateverNameIsTyped) {
+    std::filesystem::create_directory(folder / "inside");
+    for (const auto& [typed, saved] :
+         {std::pair("film v1.2", "film v1.2.pdf"), std::pair("notes.txt", "notes.txt.pdf"),
+          std::pair("Take.PDF", "Take.PDF"), std::pair("day.pdf", "day.pdf")}) {
+        const File answered = use([&] { return native.save(Content::pdf, "x.pdf", true); },
+                                  [&](QFileDialog& dialog) { accept(dialog, path(folder / typed)); });
+        EXPECT_EQ(answered, folder / saved);
+    }
+    const File none = use([&] { return native.save(Content::pdf, "x.pdf", true); },
+                          [&](QFileDialog& dialog) {
+                              accept(dialog, path(folder / "inside"));
+                              EXPECT_TRUE(dialog.isVisible()) << "a folder is entered";
+                              dialog.reject();
+                          });
+    EXPECT_EQ(none, std::nullopt);
+}
+
+TEST_F(NativeFilePanelsTest, KeepsANameWithQuotationMarksWhole) {
+    const File answered = use([&] { return native.save(Content::pdf, "My \"Quoted\" film.pdf", true); },
+                              [&](QFileDialog& dialog) {
+                                  dialog.setDirectory(path(folder.path()));
+                                  auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+                                  EXPECT_EQ(name->text(), QStringLiteral("My 'Quoted' film.pdf"));
+                                  name->setCursorPosition(0);
+                                  QTest::keyClicks(name, QStringLiteral("a\"b "));
+                                  EXPECT_EQ(name->text(), QStringLiteral("ab My 'Quoted' film.pdf"));
+                                  static_cast<QDialog&>(dialog).accept();
+                              });
+    EXPECT_EQ(answered, folder / "ab My 'Quoted' film.pdf");
+}
+
 TEST_F(NativeFilePanelsTest, OffersImagesAlone) {
     const auto chosen = folder / "FRAME.HEIC";
     support::putContent(chosen, "x");
