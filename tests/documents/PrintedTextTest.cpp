@@ -111,7 +111,11 @@ TEST(PrintedText, HoldsABlankInPlaceOfEachControlCharacter) {
         const std::string text = "before" + std::string(1, static_cast<char>(c)) + "behind";
         const PrintedFile file([&](PDFWriter& writer) { writer.text(text, 11); });
         EXPECT_TRUE(file.text().contains("before behind")) << c << ": " << file.text().toStdString();
-        EXPECT_TRUE(withoutBlanks(file.textByPoppler()).contains("beforebehind")) << c;
+        const QString byPoppler = withoutBlanks(file.textByPoppler());
+        // What stands behind a tab is another column to pdftotext.
+        EXPECT_TRUE(c == '\t' ? byPoppler.contains("before") && byPoppler.contains("behind")
+                              : byPoppler.contains("beforebehind"))
+            << c << ": " << byPoppler.toStdString();
     }
     const PrintedFile file([](PDFWriter& writer) {
         writer.text("before\x7F"
