@@ -99,12 +99,14 @@ TEST_F(NativeFilePanelsTest, SavesADocumentUnderTheSuggestedName) {
 
 TEST_F(NativeFilePanelsTest, SavesADocumentAsPDFWhateverNameIsTyped) {
     std::filesystem::create_directory(folder / "inside");
-    for (const auto& [typed, saved] :
-         {std::pair("film v1.2", "film v1.2.pdf"), std::pair("notes.txt", "notes.txt.pdf"),
-          std::pair("Take.PDF", "Take.PDF"), std::pair("day.pdf", "day.pdf")}) {
+    const std::map<std::string, std::string> savedAs{{"film v1.2", "film v1.2.pdf"},
+                                                     {"notes.txt", "notes.txt.pdf"},
+                                                     {"Take.PDF", "Take.PDF"},
+                                                     {"day.pdf", "day.pdf"}};
+    for (const auto& names : savedAs) {
         const File answered = use([&] { return native.save(Content::pdf, "x.pdf", true); },
-                                  [&](QFileDialog& dialog) { accept(dialog, path(folder / typed)); });
-        EXPECT_EQ(answered, folder / saved);
+                                  [&](QFileDialog& dialog) { accept(dialog, path(folder / names.first)); });
+        EXPECT_EQ(answered, folder / names.second);
     }
     const File none = use([&] { return native.save(Content::pdf, "x.pdf", true); },
                           [&](QFileDialog& dialog) {
