@@ -133,12 +133,22 @@ void drawGlyphs(cairo_t* context, PangoFont* font, const Cluster& cluster, doubl
                            &whole, 1, {});
 }
 
+/// Whether characters that nobody sees have no glyph. The blank at the end of a line has none either, and
+/// needs none.
+bool isUnseen(const Cluster& cluster) {
+    return cluster.isEmpty() && !isBlank(cluster.text);
+}
+
 /// Whether drawing the run's glyphs alone would leave its text, or some of it, out of the document.
-bool losesText(const PangoGlyphItem& run) {
+bool losesText(PangoGlyphItem& run, const char* text) {
     const PangoGlyphInfo* const glyphs = run.glyphs->glyphs;
-    return hasPictures(run.item->analysis.font) ||
-           std::any_of(glyphs, glyphs + run.glyphs->num_glyphs,
-                       [](const auto& glyph) { return isUnknown(glyph) || isEmpty(glyph); });
+    const PangoGlyphInfo* const end = glyphs + run.glyphs->num_glyphs;
+    if (hasPictures(run.item->analysis.font) || std::any_of(glyphs, end, isUnknown))
+        return true;
+    if (std::none_of(glyphs, end, isEmpty))
+        return false;
+    const auto clusters = clustersOf(run, text);
+    return std::any_of(clusters.begin(), clusters.end(), isUnseen);
 }
 
 /// Draws such a run with stand-ins for what no font writes.
@@ -152,8 +162,7 @@ void drawWithStandIns(cairo_t* context, PangoLayout* layout, PangoGlyphItem& run
         if (cluster.isUnknown()) {
             standIns.drawBox(context, cluster.text, size, cluster.width, left, y);
         } else if (cluster.isEmpty()) {
-            // Tabs and line ends are known by where the next text stands.
-            if (!isBlank(cluster.text))
+            if (isUnseen(cluster))
                 standIns.putUnseen(context, cluster.text, size, left, y);
         } else if (arePictures) {
             drawPicture(context, font, cluster, standIns, left, y);
@@ -184,7 +193,7 @@ void PrintedLine::draw(cairo_t* context, double x, double y, StandIns& standIns)
     const char* const text = pango_layout_get_text(line->layout);
     for (const GSList* next = line->runs; next != nullptr; next = next->next) {
         auto* const run = static_cast<PangoGlyphItem*>(next->data);
-        if (losesText(*run)) {
+        if (losesText(*run, text)) {
             drawWithStandIns(context, line->layout, *run, standIns, x, y);
         } else {
             cairo_move_to(context, x, y);
