@@ -7,13 +7,14 @@
 #include <string_view>
 #include <utility>
 
+#include <cairo-pdf.h>
+
 #include "Vantry/documents/CairoOwned.h"
 #include "Vantry/documents/FramePicture.h"
 #include "Vantry/documents/PrintedLine.h"
 #include "Vantry/documents/StandIns.h"
 #include "VantryCore/persistence/VantryError.h"
 #include "VantryCore/records/ClockReading.h"
-#include <cairo-pdf.h>
 
 namespace vantry {
 namespace {
@@ -177,7 +178,6 @@ void PDFWriter::paragraph(std::string_view utf8, double size, bool bold) {
 std::size_t PDFWriter::writeLines(double size, bool toTheEnd) {
     PangoLayout* const layout = canvas->paragraph.get();
     cairo_t* const context = canvas->context.get();
-    cairo_set_source_rgb(context, 0, 0, 0);
     const OwnedLines lines(pango_layout_get_iter(layout));
     bool isFirst = true;
     do {
@@ -192,7 +192,7 @@ std::size_t PDFWriter::writeLines(double size, bool toTheEnd) {
         }
         const double lineHeight = std::max(size * 1.5, line.ascent() + line.descent() + line.leading() + 3);
         ensure(lineHeight);
-        cairo_set_source_rgb(context, 0, 0, 0);
+        cairo_set_source_rgb(context, 0, 0, 0);  // a footer may have come in between
         line.draw(context, margin, y + line.ascent(), canvas->standIns);
         y += lineHeight;
         isFirst = false;

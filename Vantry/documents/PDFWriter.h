@@ -34,7 +34,8 @@ public:
     static constexpr double frameHeight = textWidth * 9 / 16;
 
     using DocumentFlow::text;
-    /// NUL and other control characters without a shape become blanks.
+    /// NUL and other control characters become blanks; what is no character of Unicode, or no UTF-8, becomes
+    /// U+FFFD.
     void text(const std::string& utf8, double size, bool bold) override;
     void advance(double points) override { y += points; }
     void ensure(double points) override;

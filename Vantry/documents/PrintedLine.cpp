@@ -94,6 +94,7 @@ void drawPicture(cairo_t* context, PangoFont* font, const Cluster& cluster, Stan
     PangoGlyphString glyphs{cluster.count, cluster.glyphs, logClusters.data(), cluster.count};
     PangoRectangle ink;
     pango_glyph_string_extents(&glyphs, font, &ink, nullptr);
+    const std::string name = pictureName(font, cluster);
     const auto make = [&] {
         const auto pixels = [](int pangoUnits) {
             return static_cast<int>(std::ceil(points(pangoUnits) * pictureSharpness)) + 1;
@@ -105,11 +106,10 @@ void drawPicture(cairo_t* context, PangoFont* font, const Cluster& cluster, Stan
         cairo_move_to(canvas.get(), -points(ink.x), -points(ink.y));
         pango_cairo_show_glyph_string(canvas.get(), font, &glyphs);
         cairo_surface_flush(picture.get());
+        attachBytes(picture.get(), CAIRO_MIME_TYPE_UNIQUE_ID, name);
         return picture;
     };
-    const std::string name = pictureName(font, cluster);
     cairo_surface_t* const picture = standIns.picture(name, make);
-    attachBytes(picture, CAIRO_MIME_TYPE_UNIQUE_ID, name);
     cairo_save(context);
     cairo_translate(context, x + points(ink.x), y + points(ink.y));
     cairo_scale(context, 1 / pictureSharpness, 1 / pictureSharpness);
