@@ -178,12 +178,11 @@ void PDFWriter::paragraph(std::string_view utf8, double size, bool bold) {
 std::size_t PDFWriter::writeLines(double size, bool toTheEnd) {
     PangoLayout* const layout = canvas->paragraph.get();
     cairo_t* const context = canvas->context.get();
-    const OwnedLines lines(pango_layout_get_iter(layout));
-    bool isFirst = true;
-    do {
-        const PrintedLine line(lines.get());
+    const GSList* const lines = pango_layout_get_lines_readonly(layout);
+    for (const GSList* next = lines; next != nullptr; next = next->next) {
+        const PrintedLine line(static_cast<PangoLayoutLine*>(next->data));
         // Characters without width may fill a piece and no line: such a line ends where the piece does.
-        if (pango_layout_iter_at_last_line(lines.get()) != 0 && !isFirst) {
+        if (next->next == nullptr && next != lines) {
             if (!toTheEnd)
                 return static_cast<std::size_t>(line.start());
             // What follows a line end at the end of the paragraph is no line.
@@ -195,8 +194,7 @@ std::size_t PDFWriter::writeLines(double size, bool toTheEnd) {
         cairo_set_source_rgb(context, 0, 0, 0);  // a footer may have come in between
         line.draw(context, margin, y + line.ascent(), canvas->standIns);
         y += lineHeight;
-        isFirst = false;
-    } while (pango_layout_iter_next_line(lines.get()) != 0);
+    }
     return std::strlen(pango_layout_get_text(layout));
 }
 
@@ -205,9 +203,8 @@ void PDFWriter::footer() {
     PangoLayout* const layout = canvas->footer.get();
     const std::string text = "Vantry  ·  " + std::to_string(page);
     pango_layout_set_text(layout, text.data(), static_cast<int>(text.size()));
-    const OwnedLines lines(pango_layout_get_iter(layout));
     cairo_set_source_rgb(context, 0.5, 0.5, 0.5);
-    PrintedLine(lines.get()).draw(context, margin, height - footerRise, canvas->standIns);
+    PrintedLine(pango_layout_get_line_readonly(layout, 0)).draw(context, margin, height - footerRise, canvas->standIns);
 }
 
 void PDFWriter::storyboard(const Shot& shot) {

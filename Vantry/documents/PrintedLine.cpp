@@ -175,11 +175,11 @@ void drawWithStandIns(cairo_t* context, PangoLayout* layout, PangoGlyphItem& run
 
 }  // namespace
 
-PrintedLine::PrintedLine(PangoLayoutIter* lines)
-    : line(pango_layout_iter_get_line_readonly(lines)) {
+PrintedLine::PrintedLine(PangoLayoutLine* line)
+    : line(line) {
     PangoRectangle extents;
-    pango_layout_iter_get_line_extents(lines, nullptr, &extents);
-    above = points(pango_layout_iter_get_baseline(lines) - extents.y);
+    pango_layout_line_get_extents(line, nullptr, &extents);
+    above = points(-extents.y);
     below = points(extents.height) - above;
     for (const GSList* run = line->runs; run != nullptr; run = run->next) {
         hb_font_extents_t font;

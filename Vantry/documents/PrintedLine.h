@@ -10,8 +10,8 @@ class StandIns;
 /// again: those that no font has, and those that a font has only as pictures, too.
 class PrintedLine {
 public:
-    /// The line at which the iterator of the layout's lines stands; valid as long as it stands there.
-    explicit PrintedLine(PangoLayoutIter* lines);
+    /// A line of a layout; valid until the layout's text changes.
+    explicit PrintedLine(PangoLayoutLine* line);
 
     // In points, the largest of the line's fonts.
     [[nodiscard]] double ascent() const noexcept { return above; }
