@@ -4,12 +4,12 @@
 #include "Vantry/documents/menu/ExportMenu.h"
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Card.h"
-#include "Vantry/interface/design/LineField.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/PageColumn.h"
 #include "Vantry/interface/design/PageHeading.h"
 #include "Vantry/interface/design/ParagraphEditor.h"
 #include "Vantry/interface/design/RowList.h"
+#include "Vantry/interface/design/VantryTextField.h"
 #include "Vantry/interface/design/WorkLayout.h"
 #include "Vantry/interface/pages/RecordRemoval.h"
 #include "Vantry/interface/pages/RowKey.h"
@@ -56,8 +56,8 @@ QWidget* ProjectView::makeOverview(QWidget* parent) {
 
 QWidget* ProjectView::makeDetails(QWidget* parent) {
     details = new Card(parent);
-    title = new LabeledField(details);
-    director = new LabeledField(details);
+    title = new LabeledInput(details);
+    director = new LabeledInput(details);
     notes = new ParagraphField(Metrics::notesHeight, details);
     title->field().setBinding(bind(&Project::title));
     director->field().setBinding(bind(&Project::director));

@@ -1,16 +1,16 @@
 #include "Vantry/interface/navigation/NewProjectSheet.h"
 
 #include "Vantry/interface/design/Button.h"
-#include "Vantry/interface/design/LineField.h"
 #include "Vantry/interface/design/Metrics.h"
+#include "Vantry/interface/design/VantryTextField.h"
 #include "VantryCore/records/Text.h"
 
 namespace vantry {
 
 NewProjectSheet::NewProjectSheet(QWidget* parent)
     : Sheet(parent)
-    , nameField(new LabeledField(this))
-    , directorField(new LabeledField(this))
+    , nameField(new LabeledInput(this))
+    , directorField(new LabeledInput(this))
     , cancel(new Button(Button::Kind::quiet, Glyph::none, this))
     , create(new Button(Button::Kind::primary, Glyph::none, this)) {
     content().addWidget(nameField);

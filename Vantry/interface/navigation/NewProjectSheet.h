@@ -5,7 +5,7 @@
 namespace vantry {
 
 class Button;
-class LabeledField;
+class LabeledInput;
 
 /// Asks for the name and the director of a new production.
 class NewProjectSheet final : public Sheet {
@@ -27,8 +27,8 @@ signals:
     void createPressed();
 
 private:
-    LabeledField* nameField;
-    LabeledField* directorField;
+    LabeledInput* nameField;
+    LabeledInput* directorField;
     Button* cancel;
     Button* create;
 };

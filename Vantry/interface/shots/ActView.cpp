@@ -6,11 +6,11 @@
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Card.h"
 #include "Vantry/interface/design/ControlText.h"
-#include "Vantry/interface/design/LineField.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/PageColumn.h"
 #include "Vantry/interface/design/PageHeading.h"
 #include "Vantry/interface/design/RowList.h"
+#include "Vantry/interface/design/VantryTextField.h"
 #include "Vantry/interface/pages/RecordRemoval.h"
 #include "Vantry/interface/pages/RowKey.h"
 #include "Vantry/interface/shots/ShotActions.h"
@@ -27,7 +27,7 @@ ActView::ActView(PageContext given, const Identifier& project, const Identifier&
     add = new Button(Button::Kind::primary, Glyph::plus, heading);
     heading->actions().addWidget(add);
     auto* naming = new QWidget(body);
-    title = new LabeledField(naming);
+    title = new LabeledInput(naming);
     progress = new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, naming);
     auto* line = new QHBoxLayout(naming);
     line->setContentsMargins(0, 0, 0, 0);

@@ -7,7 +7,7 @@ namespace vantry {
 class Button;
 class EmptyCard;
 class Label;
-class LabeledField;
+class LabeledInput;
 class PageHeading;
 class RecordRemoval;
 class RowList;
@@ -33,7 +33,7 @@ private:
     const Identifier actID;
     PageHeading* heading;
     Button* add;
-    LabeledField* title;
+    LabeledInput* title;
     Label* progress;
     Label* sequence;
     EmptyCard* empty;

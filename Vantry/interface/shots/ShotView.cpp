@@ -4,12 +4,12 @@
 #include "Vantry/app/QtText.h"
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Card.h"
-#include "Vantry/interface/design/LineField.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/PageColumn.h"
 #include "Vantry/interface/design/PageHeading.h"
 #include "Vantry/interface/design/ParagraphEditor.h"
 #include "Vantry/interface/design/RowList.h"
+#include "Vantry/interface/design/VantryTextField.h"
 #include "Vantry/interface/design/WorkLayout.h"
 #include "Vantry/interface/pages/RecordRemoval.h"
 #include "Vantry/interface/pages/RowKey.h"
@@ -53,11 +53,11 @@ ShotView::ShotView(PageContext given, const Identifier& project, const Identifie
 
 QWidget* ShotView::makeBrief(QWidget* parent) {
     brief = new Card(parent);
-    code = new LabeledField(brief);
-    title = new LabeledField(brief);
+    code = new LabeledInput(brief);
+    title = new LabeledInput(brief);
     description = new ParagraphField(Metrics::notesHeight, brief);
-    framing = new LabeledField(brief);
-    movement = new LabeledField(brief);
+    framing = new LabeledInput(brief);
+    movement = new LabeledInput(brief);
     auto* naming = new QHBoxLayout;
     naming->setSpacing(Metrics::gapCard);
     naming->addWidget(code, 1);
@@ -108,7 +108,7 @@ QWidget* ShotView::makeFrame(QWidget* parent) {
 QWidget* ShotView::makeSound(QWidget* parent) {
     sound = new Card(parent);
     mode = new SoundPicker(sound);
-    soundDescription = new LabeledField(sound);
+    soundDescription = new LabeledInput(sound);
     sound->content().addWidget(mode);
     sound->content().addWidget(soundDescription);
     soundDescription->field().setBinding(bind(&Shot::soundDescription));
@@ -174,7 +174,7 @@ bool ShotView::fill() {
     if (!act || !shot)
         return false;
     fillTexts(*act, *shot);
-    for (LabeledField* field : {code, title, framing, movement, soundDescription})
+    for (LabeledInput* field : {code, title, framing, movement, soundDescription})
         field->field().synchronize();
     description->editor().synchronize();
     mode->fill(shot->soundMode, store().english());

@@ -4,13 +4,13 @@
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Card.h"
 #include "Vantry/interface/design/ControlText.h"
-#include "Vantry/interface/design/LineField.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/PageColumn.h"
 #include "Vantry/interface/design/PageHeading.h"
 #include "Vantry/interface/design/ParagraphEditor.h"
 #include "Vantry/interface/design/SegmentedChoice.h"
 #include "Vantry/interface/design/StarRating.h"
+#include "Vantry/interface/design/VantryTextField.h"
 #include "Vantry/interface/design/WorkLayout.h"
 #include "Vantry/interface/pages/RecordRemoval.h"
 #include "Vantry/interface/shots/NewTake.h"
@@ -111,7 +111,7 @@ QWidget* TakeView::makeMedia(QWidget* parent) {
     media = new Card(parent);
     mode = new SoundPicker(media);
     cameraFile = new ParagraphField(Metrics::namesHeight, media);
-    mixerFile = new LabeledField(media);
+    mixerFile = new LabeledInput(media);
     soundNumber = new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, media);
     kept = new Label(VantryType::Role::caption, &Palette::warning, Label::Length::wrapped, media);
     for (QWidget* part : std::initializer_list<QWidget*>{mode, cameraFile, mixerFile, soundNumber, kept})

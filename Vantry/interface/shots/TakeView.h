@@ -7,7 +7,7 @@ namespace vantry {
 class Button;
 class Card;
 class Label;
-class LabeledField;
+class LabeledInput;
 class PageHeading;
 class ParagraphField;
 class RecordRemoval;
@@ -53,7 +53,7 @@ private:
     Card* media = nullptr;
     SoundPicker* mode = nullptr;
     ParagraphField* cameraFile = nullptr;
-    LabeledField* mixerFile = nullptr;
+    LabeledInput* mixerFile = nullptr;
     Label* soundNumber = nullptr;
     Label* kept = nullptr;
     Button* back = nullptr;

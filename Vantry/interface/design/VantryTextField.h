@@ -12,11 +12,11 @@ class Label;
 /// A field for one line. It writes only what the person entered, by keys or through an assistive tool, and
 /// shows a text with line ends without changing it. It reads and writes through its binding; without one it
 /// is a plain field.
-class LineField final : public QLineEdit {
+class VantryTextField final : public QLineEdit {
     Q_OBJECT
 
 public:
-    explicit LineField(QWidget* parent = nullptr);
+    explicit VantryTextField(QWidget* parent = nullptr);
 
     /// Once, before it is shown: a field belongs to one text for its life.
     void setBinding(TextBinding target);
@@ -41,18 +41,18 @@ private:
 };
 
 /// A field under its caption; the caption is also its accessible name.
-class LabeledField final : public QWidget {
+class LabeledInput final : public QWidget {
     Q_OBJECT
 
 public:
-    explicit LabeledField(QWidget* parent = nullptr);
+    explicit LabeledInput(QWidget* parent = nullptr);
 
     void setCaption(const QString& caption);
-    [[nodiscard]] LineField& field() noexcept { return *line; }
+    [[nodiscard]] VantryTextField& field() noexcept { return *line; }
 
 private:
     Label* label;
-    LineField* line;
+    VantryTextField* line;
 };
 
 }  // namespace vantry

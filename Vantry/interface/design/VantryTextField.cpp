@@ -1,4 +1,4 @@
-#include "Vantry/interface/design/LineField.h"
+#include "Vantry/interface/design/VantryTextField.h"
 
 #include <algorithm>
 #include <limits>
@@ -14,7 +14,7 @@
 
 namespace vantry {
 
-LineField::LineField(QWidget* parent)
+VantryTextField::VantryTextField(QWidget* parent)
     : QLineEdit(parent) {
     setFont(VantryType::font(VantryType::Role::body));
     setMaxLength(std::numeric_limits<int>::max());
@@ -23,15 +23,15 @@ LineField::LineField(QWidget* parent)
     constexpr int margin = Metrics::paddingField - 2;
     setTextMargins(margin, 0, margin, 0);
     // Not textEdited alone: dictation and other assistive tools set the text without any key.
-    connect(this, &QLineEdit::textChanged, this, &LineField::publish);
+    connect(this, &QLineEdit::textChanged, this, &VantryTextField::publish);
 }
 
-void LineField::setBinding(TextBinding target) {
+void VantryTextField::setBinding(TextBinding target) {
     binding = std::move(target);
     synchronize();
 }
 
-void LineField::synchronize() {
+void VantryTextField::synchronize() {
     if (!binding.read || (composing && hasFocus()))
         return;
     const auto stored = binding.read();
@@ -54,12 +54,12 @@ void LineField::synchronize() {
         setCursorPosition(hasFocus() ? std::min(caret, end) : 0);
 }
 
-void LineField::inputMethodEvent(QInputMethodEvent* event) {
+void VantryTextField::inputMethodEvent(QInputMethodEvent* event) {
     composing = !event->preeditString().isEmpty();
     QLineEdit::inputMethodEvent(event);
 }
 
-void LineField::publish() {
+void VantryTextField::publish() {
     if (synchronizing)
         return;
     const auto stored = binding.read ? binding.read() : std::nullopt;
@@ -72,10 +72,10 @@ void LineField::publish() {
     emit published();
 }
 
-LabeledField::LabeledField(QWidget* parent)
+LabeledInput::LabeledInput(QWidget* parent)
     : QWidget(parent)
     , label(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this))
-    , line(new LineField(this)) {
+    , line(new VantryTextField(this)) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(Metrics::gapCaption);
@@ -84,7 +84,7 @@ LabeledField::LabeledField(QWidget* parent)
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
-void LabeledField::setCaption(const QString& caption) {
+void LabeledInput::setCaption(const QString& caption) {
     label->setPlain(caption);
     line->setAccessibleName(caption);
 }

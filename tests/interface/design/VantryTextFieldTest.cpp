@@ -1,4 +1,4 @@
-#include "Vantry/interface/design/LineField.h"
+#include "Vantry/interface/design/VantryTextField.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@ namespace vantry::test {
 namespace {
 
 /// A field bound to a text that stands for the stored one.
-class LineFieldTest : public testing::Test {
+class VantryTextFieldTest : public testing::Test {
 protected:
     void SetUp() override {
         field.show();
@@ -27,19 +27,19 @@ protected:
                           }});
     }
 
-    LineField field;
+    VantryTextField field;
     std::optional<QString> stored;
     int writes = 0;
 };
 
-TEST_F(LineFieldTest, PublishesWhatIsTyped) {
+TEST_F(VantryTextFieldTest, PublishesWhatIsTyped) {
     bind(QStringLiteral("Night"));
     QTest::keyClick(&field, Qt::Key_End);
     QTest::keyClicks(&field, QStringLiteral(" Ferry"));
     EXPECT_EQ(stored, QStringLiteral("Night Ferry"));
 }
 
-TEST_F(LineFieldTest, PublishesWhatAnAssistiveToolEnters) {
+TEST_F(VantryTextFieldTest, PublishesWhatAnAssistiveToolEnters) {
     bind(QStringLiteral("Night"));
     QAccessibleEditableTextInterface* tool =
         QAccessible::queryAccessibleInterface(&field)->editableTextInterface();
@@ -52,7 +52,7 @@ TEST_F(LineFieldTest, PublishesWhatAnAssistiveToolEnters) {
     EXPECT_EQ(stored, QStringLiteral("Day"));
 }
 
-TEST_F(LineFieldTest, ATextWithLineEndsIsNotTouched) {
+TEST_F(VantryTextFieldTest, ATextWithLineEndsIsNotTouched) {
     const QString text =
         QStringLiteral("one\r\ntwo\nthree\u2028four\u2029five") + QChar(u'\0') + QStringLiteral("six");
     bind(text);
@@ -65,7 +65,7 @@ TEST_F(LineFieldTest, ATextWithLineEndsIsNotTouched) {
     EXPECT_EQ(stored, text + QLatin1Char('!'));
 }
 
-TEST_F(LineFieldTest, AVeryLongTextIsKeptWhole) {
+TEST_F(VantryTextFieldTest, AVeryLongTextIsKeptWhole) {
     const QString text(100000, QLatin1Char('x'));
     bind(text);
     QTest::keyClick(&field, Qt::Key_Home);
@@ -73,7 +73,7 @@ TEST_F(LineFieldTest, AVeryLongTextIsKeptWhole) {
     EXPECT_EQ(stored, QLatin1Char('y') + text);
 }
 
-TEST_F(LineFieldTest, AnOutsideTextLeavesTheCaretWhereItCanStand) {
+TEST_F(VantryTextFieldTest, AnOutsideTextLeavesTheCaretWhereItCanStand) {
     bind(QStringLiteral("A long title"));
     field.setCursorPosition(6);
     stored = QStringLiteral("A longer title");
@@ -86,7 +86,7 @@ TEST_F(LineFieldTest, AnOutsideTextLeavesTheCaretWhereItCanStand) {
     EXPECT_EQ(writes, 0);
 }
 
-TEST_F(LineFieldTest, AnOpenCompositionIsNotDisturbed) {
+TEST_F(VantryTextFieldTest, AnOpenCompositionIsNotDisturbed) {
     bind(QStringLiteral("ab"));
     QTest::keyClick(&field, Qt::Key_End);
     QInputMethodEvent compose(QStringLiteral("zhong"), {});
@@ -102,7 +102,7 @@ TEST_F(LineFieldTest, AnOpenCompositionIsNotDisturbed) {
     EXPECT_EQ(field.text(), QStringLiteral("abc中"));
 }
 
-TEST_F(LineFieldTest, ARecordThatIsGoneIsNotWritten) {
+TEST_F(VantryTextFieldTest, ARecordThatIsGoneIsNotWritten) {
     bind(QStringLiteral("title"));
     stored.reset();
     QTest::keyClicks(&field, QStringLiteral("x"));
