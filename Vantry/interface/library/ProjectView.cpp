@@ -10,7 +10,7 @@
 #include "Vantry/interface/design/ParagraphEditor.h"
 #include "Vantry/interface/design/RowList.h"
 #include "Vantry/interface/design/VantryTextField.h"
-#include "Vantry/interface/design/WorkLayout.h"
+#include "Vantry/interface/design/VantryWorkLayout.h"
 #include "Vantry/interface/pages/RecordRemoval.h"
 #include "Vantry/interface/pages/RowKey.h"
 
@@ -24,7 +24,7 @@ ProjectView::ProjectView(PageContext given, const Identifier& project, QWidget* 
     documents = new ExportMenu(store(), projectID, heading);
     heading->actions().addWidget(documents);
     auto* desk = new QWidget(body);
-    auto* parts = new WorkLayout(Metrics::sideWidth, Metrics::gapSection, desk);
+    auto* parts = new VantryWorkLayout(Metrics::sideWidth, Metrics::gapSection, desk);
     parts->addWidget(makeOverview(desk));
     parts->addWidget(makeDetails(desk));
     column().content().addWidget(heading);

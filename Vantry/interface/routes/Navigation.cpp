@@ -4,6 +4,12 @@
 
 namespace vantry {
 
+void Navigation::arrive(const Route& target) {
+    if (arriving)
+        arriving(target);
+    current = target;
+}
+
 bool Navigation::go(const Route& target, const Flush& flush) {
     if (target == current || !flush())
         return false;
@@ -17,7 +23,7 @@ bool Navigation::go(const Route& target, const Flush& flush) {
         if (visited.size() > longestHistory)
             visited.erase(visited.begin());
     }
-    current = target;
+    arrive(target);
     return true;
 }
 
@@ -29,7 +35,7 @@ bool Navigation::goBack(const Flush& flush) {
         target = visited.back();
         visited.pop_back();
     }
-    current = target;
+    arrive(target);
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "Vantry/interface/routes/Route.h"
@@ -18,6 +19,10 @@ public:
     /// The history never grows beyond this; the oldest entry goes.
     static constexpr std::size_t longestHistory = 100;
 
+    /// `arriving` is told each new place before it becomes the current one.
+    explicit Navigation(std::function<void(const Route&)> arriving = {})
+        : arriving(std::move(arriving)) {}
+
     [[nodiscard]] const Route& route() const noexcept { return current; }
     /// The places that Back leads to, oldest first.
     [[nodiscard]] const std::vector<Route>& history() const noexcept { return visited; }
@@ -32,6 +37,9 @@ public:
     bool goBack(const Flush& flush);
 
 private:
+    void arrive(const Route& target);
+
+    std::function<void(const Route&)> arriving;
     Route current;
     std::vector<Route> visited;
 };

@@ -10,7 +10,7 @@
 #include "Vantry/interface/design/ParagraphEditor.h"
 #include "Vantry/interface/design/RowList.h"
 #include "Vantry/interface/design/VantryTextField.h"
-#include "Vantry/interface/design/WorkLayout.h"
+#include "Vantry/interface/design/VantryWorkLayout.h"
 #include "Vantry/interface/pages/RecordRemoval.h"
 #include "Vantry/interface/pages/RowKey.h"
 #include "Vantry/interface/shots/NewTake.h"
@@ -35,7 +35,7 @@ ShotView::ShotView(PageContext given, const Identifier& project, const Identifie
     cancelled = new Label(VantryType::Role::label, &Palette::warning, Label::Length::wrapped, body);
     retained = new Label(VantryType::Role::label, &Palette::warning, Label::Length::wrapped, body);
     auto* plan = new QWidget(body);
-    auto* parts = new WorkLayout(Metrics::sideWidth, Metrics::gapSection, plan);
+    auto* parts = new VantryWorkLayout(Metrics::sideWidth, Metrics::gapSection, plan);
     parts->addWidget(makeBrief(plan));
     auto* side = new QWidget(plan);
     auto* cards = new QVBoxLayout(side);

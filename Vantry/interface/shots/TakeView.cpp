@@ -11,7 +11,7 @@
 #include "Vantry/interface/design/SegmentedChoice.h"
 #include "Vantry/interface/design/StarRating.h"
 #include "Vantry/interface/design/VantryTextField.h"
-#include "Vantry/interface/design/WorkLayout.h"
+#include "Vantry/interface/design/VantryWorkLayout.h"
 #include "Vantry/interface/pages/RecordRemoval.h"
 #include "Vantry/interface/shots/NewTake.h"
 #include "Vantry/interface/shots/NewTakeButton.h"
@@ -33,7 +33,7 @@ TakeView::TakeView(PageContext given, const Identifier& project, const Identifie
         makeNewTakeButton(*heading, performing([this] { startNewTake(context, projectID, actID, shotID); }));
     retained = new Label(VantryType::Role::label, &Palette::warning, Label::Length::wrapped, body);
     auto* desk = new QWidget(body);
-    auto* parts = new WorkLayout(Metrics::sideWidth, Metrics::gapSection, desk);
+    auto* parts = new VantryWorkLayout(Metrics::sideWidth, Metrics::gapSection, desk);
     parts->addWidget(makeLog(desk));
     parts->addWidget(makeMedia(desk));
     column().content().addWidget(heading);
