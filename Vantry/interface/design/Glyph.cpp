@@ -1,147 +1,90 @@
 #include "Vantry/interface/design/Glyph.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
-#include <initializer_list>
-#include <numbers>
 
+#include <QCache>
+#include <QFile>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPixmap>
+#include <QSvgRenderer>
+
+#include "Vantry/app/QtText.h"
+#include "Vantry/interface/design/Metrics.h"
 
 namespace vantry {
 namespace {
 
-/// All signs are drawn on a grid of this size.
-constexpr qreal grid = 24;
-
-struct Sketch {
-    QPainterPath path;
-    bool dashed = false;
-
-    Sketch& line(std::initializer_list<QPointF> points, bool closed = false) {
-        path.moveTo(*points.begin());
-        for (const QPointF& point : points)
-            path.lineTo(point);
-        if (closed)
-            path.closeSubpath();
-        return *this;
-    }
-    Sketch& circle(qreal x, qreal y, qreal radius) {
-        path.addEllipse(QPointF(x, y), radius, radius);
-        return *this;
-    }
-    Sketch& box(qreal x, qreal y, qreal width, qreal height, qreal corner = 2) {
-        path.addRoundedRect(x, y, width, height, corner, corner);
-        return *this;
-    }
+constexpr std::array sources{
+    GlyphSource{Glyph::library, "books.vertical", "library"},
+    GlyphSource{Glyph::folder, "folder", "folder"},
+    GlyphSource{Glyph::folderFilled, "folder.fill", "folder", true},
+    GlyphSource{Glyph::film, "film.stack", "film"},
+    GlyphSource{Glyph::camera, "camera", "camera"},
+    GlyphSource{Glyph::waveform, "waveform", "audio-lines"},
+    GlyphSource{Glyph::document, "doc.text", "file-text"},
+    GlyphSource{Glyph::file, "doc", "file"},
+    GlyphSource{Glyph::unknownFile, "doc.questionmark", "file-question-mark"},
+    GlyphSource{Glyph::link, "link", "link"},
+    GlyphSource{Glyph::eye, "eye", "eye"},
+    GlyphSource{Glyph::plus, "plus", "plus"},
+    GlyphSource{Glyph::check, "checkmark", "check"},
+    GlyphSource{Glyph::checkCircle, "checkmark.circle", "circle-check"},
+    GlyphSource{Glyph::dashedCircle, "circle.dotted", "circle-dashed"},
+    GlyphSource{Glyph::warning, "exclamationmark.triangle", "triangle-alert"},
+    GlyphSource{Glyph::cross, "", "x"},
+    GlyphSource{Glyph::crossCircle, "xmark.circle.fill", "circle-x"},
+    GlyphSource{Glyph::overdue, "clock.badge.exclamationmark", "clock-alert"},
+    GlyphSource{Glyph::star, "", "star"},
+    GlyphSource{Glyph::chevronLeft, "chevron.left", "chevron-left"},
+    GlyphSource{Glyph::chevronRight, "chevron.right", "chevron-right"},
+    GlyphSource{Glyph::chevronDown, "chevron.down", "chevron-down"},
+    GlyphSource{Glyph::chevronsUpDown, "", "chevrons-up-down"},
+    GlyphSource{Glyph::house, "house", "house"},
+    GlyphSource{Glyph::search, "magnifyingglass", "search"},
+    GlyphSource{Glyph::zoomOut, "minus.magnifyingglass", "zoom-out"},
+    GlyphSource{Glyph::zoomIn, "plus.magnifyingglass", "zoom-in"},
+    GlyphSource{Glyph::calendar, "calendar", "calendar"},
+    GlyphSource{Glyph::settings, "gearshape", "settings"},
+    GlyphSource{Glyph::arrowRight, "arrow.right", "arrow-right"},
+    GlyphSource{Glyph::arrowUpRight, "arrow.up.right", "arrow-up-right"},
+    GlyphSource{Glyph::undo, "arrow.uturn.backward", "undo-2"},
+    GlyphSource{Glyph::reload, "arrow.clockwise", "rotate-cw"},
+    GlyphSource{Glyph::sync, "arrow.triangle.2.circlepath", "refresh-cw"},
+    GlyphSource{Glyph::enlarge, "arrow.up.left.and.arrow.down.right", "move-diagonal-2"},
+    GlyphSource{Glyph::sliders, "slider.horizontal.3", "sliders-horizontal"},
+    GlyphSource{Glyph::people, "person.2", "users"},
+    GlyphSource{Glyph::photo, "photo", "image"},
+    GlyphSource{Glyph::pen, "pencil.tip", "pen-tool"},
+    GlyphSource{Glyph::trash, "trash", "trash-2"},
+    GlyphSource{Glyph::more, "ellipsis", "ellipsis"},
+    GlyphSource{Glyph::share, "square.and.arrow.up", "share"},
+    GlyphSource{Glyph::upload, "", "upload"},
+    GlyphSource{Glyph::download, "", "download"},
+    GlyphSource{Glyph::list, "list.bullet.rectangle", "layout-list"},
+    GlyphSource{Glyph::grid, "square.grid.2x2", "layout-grid"},
+    GlyphSource{Glyph::disc, "circle.fill", "", true},
+    GlyphSource{Glyph::square, "square.fill", "", true},
+    GlyphSource{Glyph::drive, "internaldrive", "hard-drive"},
+    GlyphSource{Glyph::globe, "globe", "globe"},
+    GlyphSource{Glyph::contrast, "circle.lefthalf.filled", "contrast"},
+    GlyphSource{Glyph::handle, "", "grip-vertical"},
+    GlyphSource{Glyph::pause, "", "circle-pause"},
 };
 
-QPainterPath star() {
-    constexpr int points = 10;
-    constexpr qreal outer = 10;
-    constexpr qreal inner = 4.4;
-    QPainterPath path;
-    for (int index = 0; index < points; ++index) {
-        const qreal angle = std::numbers::pi * (index * 2.0 / points - 0.5);
-        const qreal radius = index % 2 == 0 ? outer : inner;
-        const QPointF point(12 + radius * std::cos(angle), 12.8 + radius * std::sin(angle));
-        if (index == 0)
-            path.moveTo(point);
-        else
-            path.lineTo(point);
-    }
-    path.closeSubpath();
-    return path;
+constexpr bool standsInOrder() {
+    int number = static_cast<int>(Glyph::none);
+    return std::all_of(sources.begin(), sources.end(), [&number](const GlyphSource& source) {
+        return static_cast<int>(source.glyph) == ++number;
+    });
 }
+static_assert(standsInOrder(), "a sign is found by its number");
 
-Sketch sketch(Glyph glyph) {
-    Sketch s;
-    switch (glyph) {
-    case Glyph::none:
-        break;
-    case Glyph::library:
-        s.line({{4, 4}, {4, 20}}).line({{8, 4}, {8, 20}}).line({{12, 6}, {12, 20}}).line({{16, 6}, {20, 20}});
-        break;
-    case Glyph::folder:
-        s.line({{3, 19}, {3, 5}, {9, 5}, {11, 8}, {21, 8}, {21, 19}}, true);
-        break;
-    case Glyph::film:
-        s.box(3, 4, 18, 16).line({{8, 4}, {8, 20}}).line({{16, 4}, {16, 20}}).line({{3, 12}, {21, 12}});
-        break;
-    case Glyph::camera:
-        s.line({{3, 7}, {7, 7}, {9, 4}, {15, 4}, {17, 7}, {21, 7}, {21, 19}, {3, 19}}, true)
-            .circle(12, 13, 3.2);
-        break;
-    case Glyph::waveform:
-        s.line({{3, 10}, {3, 14}}).line({{7, 6}, {7, 18}}).line({{11, 3}, {11, 21}});
-        s.line({{15, 8}, {15, 16}}).line({{19, 5}, {19, 19}});
-        break;
-    case Glyph::document:
-        s.line({{5, 3}, {14, 3}, {19, 8}, {19, 21}, {5, 21}}, true).line({{9, 13}, {15, 13}});
-        s.line({{9, 17}, {15, 17}});
-        break;
-    case Glyph::plus:
-        s.line({{5, 12}, {19, 12}}).line({{12, 5}, {12, 19}});
-        break;
-    case Glyph::check:
-        s.line({{4, 12.5}, {9.5, 18}, {20, 6.5}});
-        break;
-    case Glyph::checkCircle:
-        s.circle(12, 12, 9.5).line({{8, 12.4}, {11, 15.2}, {16, 9.4}});
-        break;
-    case Glyph::dashedCircle:
-        s.circle(12, 12, 9.5);
-        s.dashed = true;
-        break;
-    case Glyph::warning:
-        s.line({{12, 3}, {22, 20}, {2, 20}}, true).line({{12, 9}, {12, 13.5}}).line({{12, 16.8}, {12, 17}});
-        break;
-    case Glyph::cross:
-        s.line({{6, 6}, {18, 18}}).line({{18, 6}, {6, 18}});
-        break;
-    case Glyph::star:
-        s.path = star();
-        break;
-    case Glyph::chevronLeft:
-        s.line({{15, 6}, {9, 12}, {15, 18}});
-        break;
-    case Glyph::chevronRight:
-        s.line({{9, 6}, {15, 12}, {9, 18}});
-        break;
-    case Glyph::chevronDown:
-        s.line({{6, 9}, {12, 15}, {18, 9}});
-        break;
-    case Glyph::house:
-        s.line({{3, 11}, {12, 3.5}, {21, 11}}).line({{5, 9.5}, {5, 20.5}, {19, 20.5}, {19, 9.5}});
-        s.line({{9.5, 20.5}, {9.5, 14}, {14.5, 14}, {14.5, 20.5}});
-        break;
-    case Glyph::arrowRight:
-        s.line({{4, 12}, {20, 12}}).line({{13.5, 5.5}, {20, 12}, {13.5, 18.5}});
-        break;
-    case Glyph::undo:
-        s.line({{9, 14}, {4, 9}, {9, 4}}).line({{4, 9}, {14.5, 9}});
-        s.path.arcTo(QRectF(9, 9, 11, 11), 90, -180);
-        s.path.lineTo(11, 20);
-        break;
-    case Glyph::photo:
-        s.box(3, 3, 18, 18).circle(9, 9, 2).line({{21, 15}, {17.2, 11.2}, {15.8, 11.2}, {6, 21}});
-        break;
-    case Glyph::trash:
-        s.line({{3, 6}, {21, 6}}).line({{19, 6}, {19, 21}, {5, 21}, {5, 6}});
-        s.line({{8, 6}, {8, 3}, {16, 3}, {16, 6}}).line({{10, 11}, {10, 16.5}}).line({{14, 11}, {14, 16.5}});
-        break;
-    case Glyph::more:
-        s.circle(5, 12, 0.8).circle(12, 12, 0.8).circle(19, 12, 0.8);
-        break;
-    case Glyph::share:
-        s.line({{8, 9}, {5, 9}, {5, 21}, {19, 21}, {19, 9}, {16, 9}}).line({{12, 15}, {12, 3}});
-        s.line({{8, 7}, {12, 3}, {16, 7}});
-        break;
-    }
-    return s;
-}
-
-/// Thin signs look lighter than thick ones of the same stroke, so small ones get more.
-qreal strokeWidth(qreal size) {
+/// Thin signs look lighter than thick ones of the same stroke, so small ones get more. In units of the grid
+/// of 24 on which all are drawn.
+double strokeWidth(double size) {
     if (size <= 14)
         return 2.4;
     if (size <= 18)
@@ -149,22 +92,98 @@ qreal strokeWidth(qreal size) {
     return size <= 24 ? 1.75 : 1.6;
 }
 
+/// All that two pictures of signs may differ in.
+struct PictureKey {
+    Glyph glyph;
+    double stroke;
+    int pixels;  ///< of one side
+    QRgb colour;
+    bool filled;
+
+    friend bool operator==(const PictureKey&, const PictureKey&) = default;
+    friend size_t qHash(const PictureKey& key, size_t seed) {
+        return qHashMulti(seed, static_cast<int>(key.glyph), key.stroke, key.pixels, key.colour, key.filled);
+    }
+};
+
+/// The drawing of a sign in those lines and that colour. It has neither when the resource file lacks it.
+QByteArray drawingOf(const PictureKey& key) {
+    const GlyphSource& source = sources[static_cast<std::size_t>(key.glyph) - 1];
+    QFile file(QStringLiteral(":/icons/%1.svg").arg(toQString(source.drawing)));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray colour = QColor(key.colour).name().toLatin1();
+    QByteArray drawing = file.readAll();
+    drawing.replace("currentColor", colour);
+    drawing.replace("stroke-width=\"2\"", "stroke-width=\"" + QByteArray::number(key.stroke) + '"');
+    if (key.filled)
+        drawing.replace("fill=\"none\"", "fill=\"" + colour + '"');
+    return drawing;
+}
+
+QPixmap pictureOf(const PictureKey& key) {
+    constexpr int mostKept = 512;
+    static QCache<PictureKey, QPixmap> kept(mostKept);
+    if (const QPixmap* picture = kept.object(key))
+        return *picture;
+    QPixmap picture(key.pixels, key.pixels);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    QSvgRenderer(drawingOf(key)).render(&painter, picture.rect());
+    painter.end();
+    kept.insert(key, new QPixmap(picture));
+    return picture;
+}
+
+void paintDot(QPainter& painter, const QPointF& middle, const QColor& colour, double radius) {
+    QRectF place(0, 0, Metrics::markSize, Metrics::markSize);
+    place.moveCenter(middle);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawRoundedRect(place, radius, radius);
+}
+
+void paintPicture(QPainter& painter, PictureKey key, const QRectF& place) {
+    const QTransform toDevice = painter.deviceTransform();
+    const double scale = toDevice.m11();
+    if (toDevice.type() > QTransform::TxScale || scale <= 0 || toDevice.m22() != scale) {
+        // Turned, as a chevron is on its way: a picture would lose its edges.
+        QSvgRenderer(drawingOf(key)).render(&painter, place);
+        return;
+    }
+    key.pixels = static_cast<int>(std::lround(place.width() * scale));
+    if (key.pixels < 1)
+        return;
+    // On whole pixels of the screen, or its lines would be smeared.
+    const double half = key.pixels / 2.0;
+    const QPointF middle = toDevice.map(place.center());
+    const QRectF pixels(std::round(middle.x() - half), std::round(middle.y() - half), key.pixels, key.pixels);
+    const QPixmap picture = pictureOf(key);
+    painter.drawPixmap(toDevice.inverted().mapRect(pixels), picture, picture.rect());
+}
+
 }  // namespace
+
+std::span<const GlyphSource> glyphSources() {
+    return sources;
+}
 
 void paintGlyph(QPainter& painter, Glyph glyph, const QRectF& place, const QColor& colour, bool filled) {
     if (glyph == Glyph::none)
         return;
-    const Sketch drawing = sketch(glyph);
     painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(place.topLeft());
-    painter.scale(place.width() / grid, place.height() / grid);
-    QPen pen(colour, strokeWidth(place.width()), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-    if (drawing.dashed)
-        pen.setDashPattern({1.6, 1.9});
-    painter.setPen(pen);
-    painter.setBrush(filled ? QBrush(colour) : QBrush(Qt::NoBrush));
-    painter.drawPath(drawing.path);
+    const GlyphSource& source = sources[static_cast<std::size_t>(glyph) - 1];
+    if (source.drawing.empty()) {
+        const double radius = glyph == Glyph::disc ? Metrics::markSize / 2.0 : Metrics::radiusMark;
+        paintDot(painter, place.center(), colour, radius);
+    } else {
+        const double side = std::min(place.width(), place.height());
+        QRectF middle(0, 0, side, side);
+        middle.moveCenter(place.center());
+        painter.setOpacity(painter.opacity() * colour.alphaF());
+        paintPicture(painter, {glyph, strokeWidth(side), 0, colour.rgb(), filled || source.filled}, middle);
+    }
     painter.restore();
 }
 

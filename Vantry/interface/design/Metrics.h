@@ -33,6 +33,7 @@ struct Metrics {
     static constexpr int ring = 2;
     static constexpr double focusedFrame = 1.5;  ///< the border of an editor that has the keyboard
     static constexpr int stroke = 2;             ///< a line of a drawing
+    static constexpr int radiusMark = 2;         ///< the painted square
     static constexpr int radiusControl = 8;
     static constexpr int radiusTrack = 12;
     static constexpr int radiusPanel = 12;  ///< what lies over a window: sheets, menus
@@ -51,6 +52,7 @@ struct Metrics {
     static constexpr int iconLarge = 20;
     static constexpr int iconStar = 28;
     static constexpr int iconEmpty = 27;
+    static constexpr int markSize = 8;  ///< the painted disc and square
     static constexpr int editorHeight = 206;
     static constexpr int notesHeight = 108;
     static constexpr int namesHeight = 82;
