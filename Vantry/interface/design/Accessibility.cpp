@@ -1,5 +1,6 @@
 #include "Vantry/interface/design/Accessibility.h"
 
+#include <QAbstractButton>
 #include <QAccessibleWidget>
 #include <QMenu>
 
@@ -8,70 +9,92 @@
 #include "Vantry/interface/design/SegmentedChoice.h"
 #include "Vantry/interface/design/Sheet.h"
 #include "Vantry/interface/design/StarRating.h"
+#include "Vantry/interface/design/VantryDisclosure.h"
 
 namespace vantry {
 namespace {
 
-/// A star is pressed like a button and tells its value both as such and, for tools that show no values of
-/// buttons, as its description.
-class StarAccessible final : public QAccessibleWidget {
+/// What is pressed, by whichever of the names that tools have for it: each is a click.
+class PressableAccessible : public QAccessibleWidget {
 public:
-    explicit StarAccessible(StarButton* star)
-        : QAccessibleWidget(star, QAccessible::Button)
-        , button(star) {}
+    PressableAccessible(QAbstractButton* pressed, QAccessible::Role role, const QStringList& names)
+        : QAccessibleWidget(pressed, role)
+        , button(pressed)
+        , actions(names) {}
+
+    [[nodiscard]] QStringList actionNames() const override {
+        return actions + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& name) override {
+        if (!actions.contains(name))
+            QAccessibleWidget::doAction(name);
+        else if (button->isEnabled())
+            button->click();
+    }
+
+private:
+    QAbstractButton* button;
+    const QStringList actions;
+};
+
+/// A button that tells its value both as such and, for tools that show no values of buttons, as its
+/// description.
+template <class Button>
+class ValueAccessible : public PressableAccessible {
+public:
+    explicit ValueAccessible(Button* told)
+        : PressableAccessible(told, QAccessible::Button, {QAccessibleActionInterface::pressAction()})
+        , button(told) {}
 
     [[nodiscard]] QString text(QAccessible::Text kind) const override {
         if (kind == QAccessible::Value || kind == QAccessible::Description)
             return button->value();
         return kind == QAccessible::Help ? button->accessibleDescription() : QAccessibleWidget::text(kind);
     }
-    [[nodiscard]] QStringList actionNames() const override {
-        return QStringList{pressAction()} + QAccessibleWidget::actionNames();
-    }
-    void doAction(const QString& name) override {
-        if (name != pressAction())
-            QAccessibleWidget::doAction(name);
-        else if (button->isEnabled())
-            button->click();
-    }
 
-private:
-    StarButton* button;
+protected:
+    Button* button;
 };
 
-/// A segment is chosen by a press or, as tools do it with radio buttons, by a toggle: either is a click.
-class SegmentAccessible final : public QAccessibleWidget {
+class DisclosureAccessible final : public ValueAccessible<DisclosureHeader> {
 public:
-    explicit SegmentAccessible(Segment* segment)
-        : QAccessibleWidget(segment, QAccessible::RadioButton)
-        , button(segment) {}
+    using ValueAccessible::ValueAccessible;
+
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.expandable = true;
+        state.expanded = button->isExpanded();
+        state.collapsed = !button->isExpanded();
+        return state;
+    }
+};
+
+/// A segment is chosen by a press or, as tools do it with radio buttons, by a toggle.
+class SegmentAccessible final : public PressableAccessible {
+public:
+    explicit SegmentAccessible(Segment* shown)
+        : PressableAccessible(shown, QAccessible::RadioButton, {pressAction(), toggleAction()})
+        , segment(shown) {}
 
     [[nodiscard]] QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
         state.checkable = true;
-        state.checked = button->isChecked();
+        state.checked = segment->isChecked();
+        state.selectable = true;
+        state.selected = segment->isChecked();
         return state;
-    }
-    [[nodiscard]] QStringList actionNames() const override {
-        return QStringList{pressAction(), toggleAction()} + QAccessibleWidget::actionNames();
-    }
-    void doAction(const QString& name) override {
-        if (name != pressAction() && name != toggleAction())
-            QAccessibleWidget::doAction(name);
-        else if (button->isEnabled())
-            button->click();
     }
 
 private:
-    Segment* button;
+    Segment* segment;
 };
 
 /// A button whose menu, while it is open, is its child.
-class MenuOpenerAccessible final : public QAccessibleWidget {
+class MenuOpenerAccessible final : public PressableAccessible {
 public:
-    explicit MenuOpenerAccessible(Pressable* opener)
-        : QAccessibleWidget(opener, QAccessible::ButtonMenu)
-        , button(opener) {}
+    explicit MenuOpenerAccessible(Pressable* shown)
+        : PressableAccessible(shown, QAccessible::ButtonMenu, {pressAction(), showMenuAction()})
+        , opener(shown) {}
 
     [[nodiscard]] int childCount() const override { return menu() != nullptr ? 1 : 0; }
     [[nodiscard]] QAccessibleInterface* child(int index) const override {
@@ -80,23 +103,14 @@ public:
     [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override {
         return child != nullptr && menu() != nullptr && child->object() == menu() ? 0 : -1;
     }
-    [[nodiscard]] QStringList actionNames() const override {
-        return QStringList{pressAction(), showMenuAction()} + QAccessibleWidget::actionNames();
-    }
-    void doAction(const QString& name) override {
-        if (name != pressAction() && name != showMenuAction())
-            QAccessibleWidget::doAction(name);
-        else if (button->isEnabled())
-            button->click();
-    }
 
 private:
     [[nodiscard]] QMenu* menu() const {
-        auto* found = button->findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+        auto* found = opener->findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
         return found != nullptr && found->isVisible() ? found : nullptr;
     }
 
-    Pressable* button;
+    Pressable* opener;
 };
 
 class SheetAccessible final : public QAccessibleWidget {
@@ -115,7 +129,9 @@ private:
 
 QAccessibleInterface* makeInterface(const QString&, QObject* object) {
     if (auto* star = qobject_cast<StarButton*>(object))
-        return new StarAccessible(star);
+        return new ValueAccessible<StarButton>(star);
+    if (auto* header = qobject_cast<DisclosureHeader*>(object))
+        return new DisclosureAccessible(header);
     if (auto* segment = qobject_cast<Segment*>(object))
         return new SegmentAccessible(segment);
     if (auto* button = qobject_cast<Pressable*>(object); button != nullptr && button->isMenuOpener())

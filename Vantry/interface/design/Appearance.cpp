@@ -1,6 +1,7 @@
 #include "Vantry/interface/design/Appearance.h"
 
 #include <QApplication>
+#include <QToolTip>
 
 #include "Vantry/interface/design/DesktopAppearance.h"
 #include "Vantry/interface/design/Palette.h"
@@ -25,6 +26,7 @@ void Appearance::apply() {
     const QPalette palette = (dark ? Palette::dark() : Palette::light()).controls();
     if (QApplication::palette() != palette)
         QApplication::setPalette(palette);
+    QToolTip::setPalette(palette);
 }
 
 }  // namespace vantry

@@ -2,9 +2,7 @@
 
 #include <optional>
 
-#include <QDBusVariant>
 #include <QObject>
-#include <QString>
 
 namespace vantry {
 
@@ -25,17 +23,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void ask();
-    /// Listens for changes. Only once the bus has answered: on a connection that is still being made Qt takes
-    /// the wish and forgets it.
-    void follow();
     void take(uint colourScheme);
 
     std::optional<bool> announced;  ///< what the desktop said; nothing while it has no preference
     bool paletteIsDark;
-
-private slots:
-    void onSettingChanged(const QString& space, const QString& key, const QDBusVariant& value);
 };
 
 }  // namespace vantry

@@ -42,7 +42,7 @@ void paintMenuPanel(QPainter& painter, const QStyleOption& option) {
     paintSurface(painter, option.rect, {palette.card, palette.rule, Metrics::hairline, Metrics::radiusPanel});
 }
 
-void paintMenuItem(QPainter& painter, const QStyleOptionMenuItem& option) {
+void paintMenuItem(QPainter& painter, const QStyleOptionMenuItem& option, bool destructive) {
     const Palette& palette = Palette::of(option.palette);
     if (option.menuItemType == QStyleOptionMenuItem::Separator) {
         paintSeparator(painter, option.rect, palette);
@@ -66,7 +66,7 @@ void paintMenuItem(QPainter& painter, const QStyleOptionMenuItem& option) {
         paintGlyph(painter, Glyph::chevronRight, square(text, text.right() + 1 - Metrics::iconSmall),
                    palette.muted);
     painter.setFont(option.font);
-    painter.setPen(palette.ink);
+    painter.setPen(destructive ? palette.danger : palette.ink);
     painter.drawText(text, Qt::AlignLeft | textFlags, option.text.section(QLatin1Char('\t'), 0, 0));
     painter.setPen(enabled ? palette.muted : palette.ink);
     painter.drawText(text, Qt::AlignRight | textFlags, option.text.section(QLatin1Char('\t'), 1));
@@ -89,6 +89,11 @@ QSize menuItemSize(const QStyleOptionMenuItem& option, const QSize& text) {
 
 void paintMenuBar(QPainter& painter, const QStyleOption& option) {
     painter.fillRect(option.rect, Palette::of(option.palette).canvas);
+}
+
+void paintHelpPanel(QPainter& painter, const QStyleOption& option) {
+    const Palette& palette = Palette::of(option.palette);
+    paintSurface(painter, option.rect, {palette.ink, palette.ink, Metrics::hairline, Metrics::radiusControl});
 }
 
 void paintMenuBarItem(QPainter& painter, const QStyleOptionMenuItem& option) {

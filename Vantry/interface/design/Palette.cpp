@@ -1,6 +1,11 @@
 #include "Vantry/interface/design/Palette.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include <QWidget>
+
+#include "Vantry/interface/design/VantryFieldStyle.h"
 
 namespace vantry {
 
@@ -20,6 +25,7 @@ const Palette& Palette::light() {
         .link = QColor(0x3F, 0x4A, 0x42),
         .danger = QColor(0xA1, 0x44, 0x3C),
         .warning = QColor(0x80, 0x5D, 0x23),
+        .editorInk = QColor(0x29, 0x34, 0x2D),
     };
     return palette;
 }
@@ -40,6 +46,7 @@ const Palette& Palette::dark() {
         .link = QColor(0xC0, 0xCF, 0xB6),
         .danger = QColor(0xED, 0xAB, 0xA0),
         .warning = QColor(0xE0, 0xC3, 0x8D),
+        .editorInk = QColor(0xEE, 0xF0, 0xE8),
     };
     return palette;
 }
@@ -65,7 +72,7 @@ QPalette Palette::controls() const {
     set(QPalette::WindowText, ink);
     set(QPalette::Base, card);
     set(QPalette::AlternateBase, tint);
-    set(QPalette::Text, ink);
+    set(QPalette::Text, editorInk);
     set(QPalette::PlaceholderText, muted);
     set(QPalette::Button, button);
     set(QPalette::ButtonText, ink);
@@ -81,9 +88,27 @@ QPalette Palette::controls() const {
     set(QPalette::LinkVisited, link);
     set(QPalette::ToolTipBase, ink);
     set(QPalette::ToolTipText, canvas);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    for (const auto role : {QPalette::WindowText, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, muted);
+    // The text of a field fades with its surface.
+    QColor faded = ink;
+    faded.setAlphaF(static_cast<float>(VantryFieldStyle::disabledOpacity));
+    palette.setColor(QPalette::Disabled, QPalette::Text, faded);
     return palette;
+}
+
+double luminance(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b) {
+    const double first = luminance(a) + 0.05;
+    const double second = luminance(b) + 0.05;
+    return std::max(first, second) / std::min(first, second);
 }
 
 }  // namespace vantry

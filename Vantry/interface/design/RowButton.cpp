@@ -3,15 +3,15 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include "Vantry/interface/design/ControlStates.h"
 #include "Vantry/interface/design/ControlText.h"
-#include "Vantry/interface/design/Metrics.h"
-#include "Vantry/interface/design/Palette.h"
+#include "Vantry/interface/design/VantryMotion.h"
 #include "Vantry/interface/design/VantryType.h"
 
 namespace vantry {
 
 RowButton::RowButton(QWidget* parent)
-    : Pressable(parent) {
+    : Pressable(VantryMotion::selection(), parent) {
     setPressedOnce();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
@@ -34,18 +34,28 @@ QSize RowButton::minimumSizeHint() const {
     return {Metrics::controlHeight * 2, Metrics::rowHeight};
 }
 
+void RowButton::setSelected(bool selected) {
+    states().setSelected(selected);
+}
+
 void RowButton::paintEvent(QPaintEvent*) {
     const Palette& palette = Palette::of(*this);
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
+    const ControlLook look = VantryRowButtonStyle::look(palette, state());
     const QRectF surface = QRectF(rect()).adjusted(Metrics::gapCaption, Metrics::gapCaption,
                                                    -Metrics::gapCaption, -Metrics::gapCaption);
-    if (isDown() || isHovered()) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(isDown() ? palette.selected : palette.hover);
-        painter.drawRoundedRect(surface, Metrics::radiusControl, Metrics::radiusControl);
-    }
+    QPainter painter(this);
+    // A row keeps its size while it is pressed.
+    paintAsOne(painter, rect(), look.opacity, 1, [&](QPainter& inside) {
+        VantryRowButtonStyle::paint(inside, surface, palette, state());
+        paintContent(inside);
+    });
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (showsFocus())
+        paintFocus(painter, surface, Metrics::radiusControl);
+}
 
+void RowButton::paintContent(QPainter& painter) const {
+    const Palette& palette = Palette::of(*this);
     const auto square = [this](qreal left) {
         return QRectF(left, (height() - Metrics::iconLarge) / 2.0, Metrics::iconLarge, Metrics::iconLarge);
     };
@@ -71,15 +81,13 @@ void RowButton::paintEvent(QPaintEvent*) {
     painter.setFont(VantryType::font(VantryType::Role::caption));
     painter.setPen(palette.muted);
     line(content.detail, top + titleHeight + Metrics::gapLines, detailHeight);
-
-    if (showsFocus())
-        paintFocus(painter, surface, Metrics::radiusControl);
 }
 
 RowMenuButton::RowMenuButton(QWidget* parent)
     : Pressable(parent) {
     setOpensMenu();
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    states().setRing({}, Metrics::radiusControl, 0);
 }
 
 QSize RowMenuButton::sizeHint() const {
@@ -87,18 +95,20 @@ QSize RowMenuButton::sizeHint() const {
 }
 
 void RowMenuButton::paintEvent(QPaintEvent*) {
-    const Palette& palette = Palette::of(*this);
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    if (isDown() || isHovered()) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(isDown() ? palette.selected : palette.hover);
-        painter.drawRoundedRect(rect(), Metrics::radiusControl, Metrics::radiusControl);
-    }
-    constexpr qreal edge = (Metrics::controlHeight - Metrics::iconLarge) / 2.0;
-    paintGlyph(painter, Glyph::more, QRectF(rect()).adjusted(edge, edge, -edge, -edge), palette.ink);
-    if (showsFocus())
-        paintFocus(painter, rect(), Metrics::radiusControl);
+    const ControlLook look = VantryRowButtonStyle::look(Palette::of(*this), state());
+    paintPressed(look, [&](QPainter& painter) {
+        paintShape(painter, rect(), look, Metrics::radiusControl);
+        constexpr qreal edge = (Metrics::controlHeight - Metrics::iconLarge) / 2.0;
+        paintGlyph(painter, Glyph::more, QRectF(rect()).adjusted(edge, edge, -edge, -edge), look.text);
+    });
+}
+
+QAction* RowMenu::addDestructive(const QString& title) {
+    if (!isEmpty())
+        addSeparator();
+    auto* action = new DestructiveAction(controlText(title), this);
+    addAction(action);
+    return action;
 }
 
 void RowMenu::keyPressEvent(QKeyEvent* event) {

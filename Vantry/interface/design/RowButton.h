@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAction>
 #include <QMenu>
 
 #include "Vantry/interface/design/Button.h"
@@ -24,6 +25,8 @@ public:
     explicit RowButton(QWidget* parent = nullptr);
 
     void setContent(const RowContent& content);
+    /// Marks it as the chosen one of its list.
+    void setSelected(bool selected);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -32,6 +35,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void paintContent(QPainter& painter) const;
+
     RowContent content;
 };
 
@@ -48,12 +53,23 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
+/// An entry of a menu that takes something away: it is shown in the colour of danger.
+class DestructiveAction final : public QAction {
+    Q_OBJECT
+
+public:
+    using QAction::QAction;
+};
+
 /// The menu of a row. The key that opened it may still be held: its repetitions choose nothing.
 class RowMenu final : public QMenu {
     Q_OBJECT
 
 public:
     using QMenu::QMenu;
+
+    /// What takes something away, with `title` as it is: the last entry, behind a line.
+    QAction* addDestructive(const QString& title);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

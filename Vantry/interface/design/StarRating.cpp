@@ -1,17 +1,20 @@
 #include "Vantry/interface/design/StarRating.h"
 
+#include <utility>
+
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QPainter>
 
 #include "Vantry/interface/design/Accessibility.h"
-#include "Vantry/interface/design/Metrics.h"
-#include "Vantry/interface/design/Palette.h"
+#include "Vantry/interface/design/ControlStates.h"
+#include "Vantry/interface/design/Surface.h"
+#include "Vantry/interface/design/VantryMotion.h"
 
 namespace vantry {
 
 StarButton::StarButton(QWidget* parent)
-    : Pressable(parent) {
+    : Pressable(VantryMotion::selection(), parent) {
     setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
 }
 
@@ -19,7 +22,7 @@ void StarButton::setLit(bool nowLit) {
     if (lit == nowLit)
         return;
     lit = nowLit;
-    update();
+    states().setSelected(lit);
     QAccessibleEvent event(this, QAccessible::DescriptionChanged);
     QAccessible::updateAccessibility(&event);
 }
@@ -36,16 +39,27 @@ QSize StarButton::sizeHint() const {
 
 void StarButton::paintEvent(QPaintEvent*) {
     const Palette& palette = Palette::of(*this);
+    ControlState now = state();
+    const qreal light = std::exchange(now.selected, 0);
+    const ControlLook look = VantryRowButtonStyle::look(palette, now);
+    paintPressed(look, [&](QPainter& painter) {
+        paintShape(painter, rect(), look, Metrics::radiusControl);
+        const QRectF place((width() - Metrics::iconStar) / 2.0,
+                           (height() - Metrics::iconStar) / 2.0 + Metrics::starDrop, Metrics::iconStar,
+                           Metrics::iconStar);
+        const auto star = [&](qreal share, bool filled) {
+            painter.setOpacity(share);
+            paintGlyph(painter, Glyph::star, place, filled ? palette.ink : palette.muted, filled);
+        };
+        // The full one lies over the empty one, so that nothing thins out on the way.
+        if (light < 1)
+            star(1, false);
+        if (light > 0)
+            star(light, true);
+        painter.setOpacity(1);
+    });
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (isHovered() || isDown()) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(isDown() ? palette.selected : palette.hover);
-        painter.drawRoundedRect(rect(), Metrics::radiusControl, Metrics::radiusControl);
-    }
-    const QRectF place((width() - Metrics::iconStar) / 2.0, (height() - Metrics::iconStar) / 2.0,
-                       Metrics::iconStar, Metrics::iconStar);
-    paintGlyph(painter, Glyph::star, place, lit ? palette.ink : palette.muted, lit);
     if (showsFocus())
         paintFocus(painter, rect(), Metrics::radiusControl);
 }
@@ -73,12 +87,8 @@ void StarRating::setStars(int lit) {
 void StarRating::paintEvent(QPaintEvent*) {
     const Palette& palette = Palette::of(*this);
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    constexpr qreal half = Metrics::hairline / 2.0;
-    painter.setPen(QPen(palette.rule, Metrics::hairline));
-    painter.setBrush(palette.navigation);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(half, half, -half, -half), Metrics::radiusTrack,
-                            Metrics::radiusTrack);
+    paintSurface(painter, rect(),
+                 {palette.navigation, palette.rule, Metrics::hairline, Metrics::radiusTrack});
 }
 
 }  // namespace vantry

@@ -3,27 +3,47 @@
 #include <algorithm>
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleOption>
+#include <QToolTip>
 
 #include "Vantry/interface/design/MenuPainting.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/Palette.h"
+#include "Vantry/interface/design/RowButton.h"
 #include "Vantry/interface/design/Surface.h"
+#include "Vantry/interface/design/VantryFieldStyle.h"
+#include "Vantry/interface/design/VantryTextField.h"
 #include "Vantry/interface/design/VantryType.h"
 
 namespace vantry {
 namespace {
 
-void paintField(const QStyleOption& option, QPainter& painter) {
-    const Palette& palette = Palette::of(option.palette);
+void paintField(const QStyleOption& option, QPainter& painter, const QLineEdit& line) {
+    const auto* field = qobject_cast<const VantryTextField*>(&line);
     const bool focused = option.state.testFlag(QStyle::State_HasFocus);
-    paintSurface(painter, option.rect,
-                 {palette.card, focused ? palette.link : palette.rule,
-                  focused ? Metrics::ring : Metrics::hairline, Metrics::radiusControl});
+    VantryFieldStyle::paint(painter, option.rect, Palette::of(option.palette),
+                            {.focused = field != nullptr ? field->focusShare()
+                                        : focused        ? 1.0
+                                                         : 0.0,
+                             .enabled = option.state.testFlag(QStyle::State_Enabled),
+                             .plain = field != nullptr && field->isPlain()});
+}
+
+/// Whether the entry that the menu has there is a destructive one.
+bool isDestructive(const QStyleOptionMenuItem& entry, const QWidget* widget) {
+    const auto* menu = qobject_cast<const QMenu*>(widget);
+    return menu != nullptr &&
+           qobject_cast<DestructiveAction*>(menu->actionAt(entry.rect.center())) != nullptr;
+}
+
+/// The label that shows hover help; Qt keeps its class to itself.
+QLabel* helpLabel(QWidget* widget) {
+    return widget->inherits("QTipLabel") ? qobject_cast<QLabel*>(widget) : nullptr;
 }
 
 }  // namespace
@@ -38,6 +58,7 @@ void VantryStyle::install() {
     installed = true;
     QApplication::setStyle(new VantryStyle);
     QApplication::setFont(VantryType::font(VantryType::Role::label));
+    QToolTip::setFont(VantryType::font(VantryType::Role::caption));
 }
 
 void VantryStyle::polish(QWidget* widget) {
@@ -48,14 +69,23 @@ void VantryStyle::polish(QWidget* widget) {
     // Nor do the corners of a menu.
     if (qobject_cast<QMenu*>(widget) != nullptr)
         widget->setAttribute(Qt::WA_TranslucentBackground);
+    if (QLabel* help = helpLabel(widget)) {
+        help->setAttribute(Qt::WA_TranslucentBackground);
+        // Beside what PM_ToolTipLabelFrameWidth gives on all sides.
+        constexpr int more = Metrics::paddingHelp - Metrics::paddingHelpLine;
+        help->setContentsMargins(more, 0, more, 0);
+    }
 }
 
 void VantryStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                 const QWidget* widget) const {
-    if (element == PE_PanelLineEdit && qobject_cast<const QLineEdit*>(widget) != nullptr)
-        paintField(*option, *painter);
+    const auto* line = qobject_cast<const QLineEdit*>(widget);
+    if (element == PE_PanelLineEdit && line != nullptr)
+        paintField(*option, *painter, *line);
     else if (element == PE_PanelMenu)
         paintMenuPanel(*painter, *option);
+    else if (element == PE_PanelTipLabel)
+        paintHelpPanel(*painter, *option);
     // The views paint their rows themselves, and the panel of a menu has its frame.
     else if (element != PE_PanelItemViewRow && element != PE_FrameMenu)
         QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -67,7 +97,7 @@ void VantryStyle::drawControl(ControlElement element, const QStyleOption* option
     if (element == CE_Splitter)
         painter->fillRect(option->rect, Palette::of(option->palette).rule);
     else if (element == CE_MenuItem && entry != nullptr)
-        paintMenuItem(*painter, *entry);
+        paintMenuItem(*painter, *entry, isDestructive(*entry, widget));
     else if (element == CE_MenuBarItem && entry != nullptr)
         paintMenuBarItem(*painter, *entry);
     else if (element == CE_MenuBarEmptyArea)
@@ -111,6 +141,11 @@ int VantryStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, con
     case PM_MenuHMargin:
     case PM_MenuVMargin:
         return Metrics::paddingMenu;
+    case PM_ToolTipLabelFrameWidth:
+        return Metrics::paddingHelpLine - 1;  // Qt adds one point
+    case PM_FocusFrameHMargin:
+    case PM_FocusFrameVMargin:
+        return Metrics::ringReach;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -122,10 +157,15 @@ int VantryStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
     case SH_DialogButtonBox_ButtonsHaveIcons:
     case SH_EtchDisabledText:
     case SH_ScrollBar_Transient:
+    case SH_FocusFrame_Mask:
         return 0;
+    case SH_FocusFrame_AboveWidget:
+        return 1;
     case SH_Menu_Mask:
+    case SH_ToolTip_Mask:
         if (auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(returned))
-            mask->region = roundedRegion(option->rect.size(), Metrics::radiusPanel);
+            mask->region = roundedRegion(option->rect.size(), hint == SH_Menu_Mask ? Metrics::radiusPanel
+                                                                                   : Metrics::radiusControl);
         return 1;
     default:
         return QProxyStyle::styleHint(hint, option, widget, returned);

@@ -1,8 +1,8 @@
 #include "Vantry/interface/navigation/NewProjectSheet.h"
 
 #include "Vantry/interface/design/Button.h"
+#include "Vantry/interface/design/LabeledInput.h"
 #include "Vantry/interface/design/Metrics.h"
-#include "Vantry/interface/design/VantryTextField.h"
 #include "VantryCore/records/Text.h"
 
 namespace vantry {
