@@ -3,10 +3,9 @@
 #include <QVBoxLayout>
 #include <QWidget>
 
-#include "Vantry/interface/design/Glyph.h"
-#include "Vantry/interface/design/Label.h"
-
 namespace vantry {
+
+class SectionLabel;
 
 /// A surface for things that belong together and can be edited or opened, with or without a title.
 class Card final : public QWidget {
@@ -24,25 +23,7 @@ protected:
 
 private:
     QVBoxLayout* column;
-    Label* label;
-};
-
-/// What stands where there is nothing yet: a sign, a title and what to do.
-class EmptyCard final : public QWidget {
-    Q_OBJECT
-
-public:
-    explicit EmptyCard(Glyph glyph, QWidget* parent = nullptr);
-
-    void setTexts(const QString& title, const QString& subtitle);
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
-private:
-    const Glyph glyph;
-    Label* title;
-    Label* subtitle;
+    SectionLabel* label;
 };
 
 }  // namespace vantry

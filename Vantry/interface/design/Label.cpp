@@ -13,20 +13,29 @@
 namespace vantry {
 namespace {
 
-/// Places the text in lines of `lineHeight` and answers the height of all.
-int breakLines(QTextLayout& layout, int width, int lineHeight) {
+/// Places the text in at most `most` lines of `lineHeight`, 0 for as many as it takes, and answers how many.
+int breakLines(QTextLayout& layout, int width, int lineHeight, int most) {
     layout.beginLayout();
-    int top = 0;
-    while (true) {
+    int lines = 0;
+    while (most == 0 || lines < most) {
         QTextLine line = layout.createLine();
         if (!line.isValid())
             break;
         line.setLineWidth(std::max(width, 1));
-        line.setPosition(QPointF(0, top + (lineHeight - line.height()) / 2));
-        top += lineHeight;
+        line.setPosition(QPointF(0, lines * lineHeight + (lineHeight - line.height()) / 2));
+        ++lines;
     }
     layout.endLayout();
-    return std::max(top, lineHeight);
+    return std::max(lines, 1);
+}
+
+/// Whether some of the text stands in no line.
+bool leavesText(const QTextLayout& layout) {
+    const int lines = layout.lineCount();
+    if (lines == 0)
+        return false;
+    const QTextLine last = layout.lineAt(lines - 1);
+    return last.textStart() + last.textLength() < layout.text().size();
 }
 
 QString withLineSeparators(const QString& text) {
@@ -65,6 +74,15 @@ void Label::setPlain(const QString& plain) {
     updateGeometry();
 }
 
+void Label::setMostLines(int lines) {
+    if (mostLines == lines)
+        return;
+    mostLines = lines;
+    // What is cut helps those who point at it.
+    setAttribute(Qt::WA_TransparentForMouseEvents, length == Length::wrapped && mostLines == 0);
+    updateGeometry();
+}
+
 void Label::setColour(Palette::Token token) {
     if (colour == token)
         return;
@@ -88,6 +106,8 @@ QSize Label::sizeHint() const {
         width = std::max(width, fontMetrics().horizontalAdvance(line) + 1);
         ++lines;
     }
+    if (mostLines > 0)
+        lines = std::min(lines, mostLines);
     return {width, length == Length::wrapped ? lines * lineHeight : lineHeight};
 }
 
@@ -99,16 +119,27 @@ QSize Label::minimumSizeHint() const {
 int Label::heightForWidth(int width) const {
     QTextLayout layout(withLineSeparators(text()), font());
     configure(layout, alignment());
-    return breakLines(layout, width, VantryType::lineHeight(role));
+    return breakLines(layout, width, VantryType::lineHeight(role), mostLines) * VantryType::lineHeight(role);
 }
 
 QString Label::shownLine() const {
     return fontMetrics().elidedText(singleLine(text()), Qt::ElideRight, width());
 }
 
+bool Label::isCut() const {
+    if (length == Length::cut)
+        return shownLine() != singleLine(text());
+    if (mostLines == 0)
+        return false;
+    QTextLayout layout(withLineSeparators(text()), font());
+    configure(layout, alignment());
+    breakLines(layout, width(), VantryType::lineHeight(role), mostLines);
+    return leavesText(layout);
+}
+
 bool Label::event(QEvent* event) {
     // Not by a tool tip of its own, which tools would read out behind the text itself.
-    if (event->type() == QEvent::ToolTip && length == Length::cut && shownLine() != singleLine(text())) {
+    if (event->type() == QEvent::ToolTip && isCut()) {
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), asHelp(text()), this);
         return true;
     }
@@ -121,8 +152,18 @@ void Label::paintEvent(QPaintEvent*) {
     if (length == Length::wrapped) {
         QTextLayout layout(withLineSeparators(text()), font());
         configure(layout, alignment());
-        breakLines(layout, width(), VantryType::lineHeight(role));
-        layout.draw(&painter, QPointF(0, 0));
+        const int lineHeight = VantryType::lineHeight(role);
+        const int lines = breakLines(layout, width(), lineHeight, mostLines);
+        if (!leavesText(layout)) {
+            layout.draw(&painter, QPointF(0, 0));
+            return;
+        }
+        for (int line = 0; line + 1 < lines; ++line)
+            layout.lineAt(line).draw(&painter, QPointF(0, 0));
+        const QString rest = singleLine(text().mid(layout.lineAt(lines - 1).textStart()));
+        painter.drawText(QRect(0, (lines - 1) * lineHeight, width(), lineHeight),
+                         static_cast<int>(Qt::AlignVCenter | (alignment() & Qt::AlignHorizontal_Mask)),
+                         fontMetrics().elidedText(rest, Qt::ElideRight, width()));
         return;
     }
     painter.drawText(rect(), static_cast<int>(Qt::AlignVCenter | (alignment() & Qt::AlignHorizontal_Mask)),

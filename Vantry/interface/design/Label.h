@@ -22,6 +22,8 @@ public:
 
     /// Shows `plain`, which assistive tools read too.
     void setPlain(const QString& plain);
+    /// A wrapped text is cut behind so many lines, with the whole of it as hover help; 0 is no limit.
+    void setMostLines(int lines);
     void setColour(Palette::Token token);
     void setStruckOut(bool struck);
 
@@ -37,10 +39,13 @@ protected:
 private:
     /// The one line of a text that may be cut, cut or not.
     [[nodiscard]] QString shownLine() const;
+    /// Whether something of the text is not to be seen.
+    [[nodiscard]] bool isCut() const;
 
     const VantryType::Role role;
     Palette::Token colour;
     const Length length;
+    int mostLines = 0;
 };
 
 }  // namespace vantry

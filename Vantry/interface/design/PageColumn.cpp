@@ -1,12 +1,14 @@
 #include "Vantry/interface/design/PageColumn.h"
 
 #include <QHBoxLayout>
+#include <QScrollBar>
 
 #include "Vantry/interface/design/Metrics.h"
+#include "Vantry/interface/routes/PageScrollMemory.h"
 
 namespace vantry {
 
-PageColumn::PageColumn(QWidget* parent)
+PageColumn::PageColumn(Above above, QWidget* parent)
     : QScrollArea(parent)
     , inside(new QWidget)
     , column(new QVBoxLayout(inside)) {
@@ -22,13 +24,34 @@ PageColumn::PageColumn(QWidget* parent)
     column->setSpacing(Metrics::gapBlock);
     auto* centred = new QWidget;
     auto* row = new QHBoxLayout(centred);
-    row->setContentsMargins(Metrics::paddingPage, Metrics::paddingUnderCrumbs,
+    row->setContentsMargins(Metrics::paddingPage,
+                            above == Above::crumbs ? Metrics::paddingUnderCrumbs : Metrics::paddingPage,
                             Metrics::paddingPage - Metrics::scrollStrip, Metrics::paddingPage);
     row->addStretch();
     row->addWidget(inside, 1000);
     row->addStretch();
     setWidget(centred);
     centred->setAutoFillBackground(false);
+    memory = new PageScrollMemory(centred);
+}
+
+void PageColumn::setMemoryKey(const std::string& memoryKey) {
+    if (key == memoryKey)
+        return;
+    const bool isFirst = !key;
+    key = memoryKey;
+    memory->setScope(key);
+    // What is restored comes later.
+    if (!isFirst)
+        verticalScrollBar()->setValue(0);
+}
+
+PageColumn* crewPage(QWidget* page, PageColumn::Above above) {
+    auto* body = new PageColumn(above, page);
+    auto* outer = new QVBoxLayout(page);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->addWidget(body);
+    return body;
 }
 
 }  // namespace vantry

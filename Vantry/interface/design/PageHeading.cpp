@@ -1,29 +1,29 @@
 #include "Vantry/interface/design/PageHeading.h"
 
+#include <initializer_list>
+
+#include <QVBoxLayout>
+
 #include "Vantry/interface/design/Label.h"
 #include "Vantry/interface/design/Metrics.h"
 
 namespace vantry {
 
-PageHeading::PageHeading(QWidget* parent)
+PageHeading::PageHeading(Limits limits, QWidget* parent)
     : QWidget(parent)
     , eyebrow(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this))
-    , title(new Label(VantryType::Role::title, &Palette::ink, Label::Length::cut, this))
-    , subtitle(new Label(VantryType::Role::label, &Palette::muted, Label::Length::cut, this))
-    , row(new QHBoxLayout) {
-    auto* texts = new QVBoxLayout;
-    texts->setSpacing(Metrics::gapLines);
-    for (Label* line : {eyebrow, title, subtitle}) {
-        line->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        texts->addWidget(line);
-    }
-    row->setSpacing(Metrics::gapInline);
-    auto* line = new QHBoxLayout(this);
-    line->setContentsMargins(0, 0, 0, 0);
-    line->setSpacing(Metrics::gapCard);
-    line->addLayout(texts, 1);
-    line->addLayout(row);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    , title(new Label(VantryType::Role::title, &Palette::ink, Label::Length::wrapped, this))
+    , subtitle(new Label(VantryType::Role::label, &Palette::muted, Label::Length::wrapped, this)) {
+    title->setMostLines(limits.titleLines);
+    subtitle->setMostLines(limits.subtitleLines);
+    auto* lines = new QVBoxLayout(this);
+    lines->setContentsMargins(0, 0, 0, 0);
+    lines->setSpacing(Metrics::gapLines);
+    for (Label* line : {eyebrow, title, subtitle})
+        lines->addWidget(line);
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Minimum);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
 }
 
 void PageHeading::setTexts(const QString& eyebrowText, const QString& titleText,

@@ -1,29 +1,31 @@
 #pragma once
 
-#include <QHBoxLayout>
 #include <QWidget>
 
 namespace vantry {
 
 class Label;
 
-/// The head of a page: where it belongs, its title, a line about it, and its actions at the right. Its height
-/// is fixed: a long text is cut and shown whole as hover help.
-class PageHeading final : public QWidget {
+/// The name of a page: what it belongs to, its title and, if there is one, a line about it. Long texts do not
+/// make it grow beyond its lines: they are cut, and shown whole as hover help.
+class PageHeading : public QWidget {
     Q_OBJECT
 
 public:
-    explicit PageHeading(QWidget* parent = nullptr);
+    /// Title and subtitle take at most so many lines; 0 is no limit.
+    struct Limits {
+        int titleLines = 0;
+        int subtitleLines = 0;
+    };
 
-    void setTexts(const QString& eyebrow, const QString& title, const QString& subtitle);
-    /// Where the actions go, from left to right.
-    [[nodiscard]] QHBoxLayout& actions() noexcept { return *row; }
+    explicit PageHeading(Limits limits, QWidget* parent = nullptr);
+
+    void setTexts(const QString& eyebrow, const QString& title, const QString& subtitle = {});
 
 private:
     Label* eyebrow;
     Label* title;
     Label* subtitle;
-    QHBoxLayout* row;
 };
 
 }  // namespace vantry

@@ -4,29 +4,38 @@
 #include <QList>
 #include <QWidget>
 
+#include "Vantry/interface/design/LazyCells.h"
+#include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/RowButton.h"
-
-class QVBoxLayout;
 
 namespace vantry {
 
-/// A card of rows, parted by hairlines. Rows are known by a key: bringing the list in line keeps the widget
-/// of each key that stays, with its focus, and the keyboard walks through them in their order.
-class RowList final : public QWidget {
+/// A card around a list: its rows are parted by hairlines and lie within its round corners.
+class ListCard : public LazyCells {
+    Q_OBJECT
+
+public:
+    ListCard(int rowHeight, Make make, Fill fill, QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// A card of rows, each with a sign, a name and a line of facts, some with a menu.
+class RowList final : public ListCard {
     Q_OBJECT
 
 public:
     struct Row {
         QByteArray key;  ///< unique in the list
         RowContent content;
-        QString
-            menu{};  ///< the name of the button that opens the row's menu; empty, now and later: it has none
+        QString menu{};  ///< the name of the button that opens the row's menu; empty: it has none
     };
 
     explicit RowList(QWidget* parent = nullptr);
 
+    /// Without rows it is not to be seen.
     void setRows(const QList<Row>& rows);
-    [[nodiscard]] qsizetype count() const noexcept { return order.size(); }
 
 signals:
     /// The person pressed the row with this key.
@@ -34,22 +43,11 @@ signals:
     /// The person asks for the menu of the row with this key, by the button `opener`.
     void menuWanted(const QByteArray& key, QWidget* opener);
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
 private:
-    struct Line {
-        QWidget* place = nullptr;
-        RowButton* button = nullptr;
-        RowMenuButton* menu = nullptr;  ///< for the life of the row, or never
-    };
+    [[nodiscard]] QWidget* makeRow(const QByteArray& key, QWidget* holder);
+    void fillRow(QWidget& line, const QByteArray& key) const;
 
-    Line& add(const QByteArray& key, bool hasMenu);
-    void arrange(QList<QByteArray> wanted);
-
-    QVBoxLayout* column;
-    QList<QByteArray> order;
-    QHash<QByteArray, Line> lines;
+    QHash<QByteArray, Row> rows;
 };
 
 }  // namespace vantry

@@ -1,20 +1,19 @@
 #pragma once
 
+#include <array>
+
 #include "Vantry/interface/pages/RecordPage.h"
+#include "Vantry/interface/routes/PageFlag.h"
 
 namespace vantry {
 
-class Button;
-class Card;
-class EmptyCard;
 class ExportMenu;
-class LabeledInput;
-class PageHeading;
-class ParagraphField;
+class ProjectDetails;
 class RecordRemoval;
-class RowList;
+class WorkspaceHeading;
+class WorkspaceTabs;
 
-/// One production's desk: its acts and what it is.
+/// One production's desk, with five tabs. Each tab is remembered as it was left, and which one was open.
 class ProjectView final : public RecordPage {
     Q_OBJECT
 
@@ -25,23 +24,18 @@ protected:
     bool fill() override;
 
 private:
-    [[nodiscard]] QWidget* makeOverview(QWidget* parent);
-    [[nodiscard]] QWidget* makeDetails(QWidget* parent);
-    [[nodiscard]] TextBinding bind(Text Project::*member) const;
-    void fillTexts(const Project& project);
-    void addAct() const;
+    void choose(int tab);
+    void showTab(int tab);
 
     const Identifier projectID;
-    PageHeading* heading = nullptr;
+    PageChoice section;
+    WorkspaceHeading* heading = nullptr;
     ExportMenu* documents = nullptr;
-    EmptyCard* empty = nullptr;
-    RowList* acts = nullptr;
-    Button* add = nullptr;
-    Card* details = nullptr;
-    LabeledInput* title = nullptr;
-    LabeledInput* director = nullptr;
-    ParagraphField* notes = nullptr;
+    WorkspaceTabs* tabs = nullptr;
+    std::array<StorePage*, 5> pages{};
+    ProjectDetails* details = nullptr;
     RecordRemoval* removal = nullptr;
+    int shownTab = -1;
 };
 
 }  // namespace vantry

@@ -4,13 +4,14 @@
 
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Card.h"
+#include "Vantry/interface/design/EmptyViewCard.h"
 #include "Vantry/interface/design/Metrics.h"
 
 namespace vantry {
 
 MissingView::MissingView(PageContext given, QWidget* parent)
     : StorePage(std::move(given), parent)
-    , card(new EmptyCard(Glyph::folder, this))
+    , card(new EmptyViewCard(Glyph::folder, this))
     , back(new Button(Button::Kind::primary, Glyph::none, this)) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Metrics::paddingPage, Metrics::paddingPage, Metrics::paddingPage,

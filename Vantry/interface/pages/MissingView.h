@@ -5,7 +5,7 @@
 namespace vantry {
 
 class Button;
-class EmptyCard;
+class EmptyViewCard;
 
 /// The quiet answer to a route whose record has gone.
 class MissingView final : public StorePage {
@@ -17,7 +17,7 @@ public:
     void refresh() override;
 
 private:
-    EmptyCard* card;
+    EmptyViewCard* card;
     Button* back;
 };
 

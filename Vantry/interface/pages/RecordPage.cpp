@@ -10,7 +10,7 @@ namespace vantry {
 
 RecordPage::RecordPage(PageContext given, QWidget* parent)
     : StorePage(std::move(given), parent)
-    , body(new PageColumn(this))
+    , body(new PageColumn(PageColumn::Above::crumbs, this))
     , missing(new MissingView(context, this))
     , stack(new QStackedLayout(this)) {
     stack->addWidget(body);

@@ -5,11 +5,13 @@
 #include "Vantry/app/QtText.h"
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Card.h"
+#include "Vantry/interface/design/EmptyViewCard.h"
 #include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/LabeledInput.h"
+#include "Vantry/interface/design/Label.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/PageColumn.h"
-#include "Vantry/interface/design/PageHeading.h"
+#include "Vantry/interface/design/WorkspaceHeading.h"
 #include "Vantry/interface/design/RowList.h"
 #include "Vantry/interface/pages/RecordRemoval.h"
 #include "Vantry/interface/pages/RowKey.h"
@@ -23,7 +25,7 @@ ActView::ActView(PageContext given, const Identifier& project, const Identifier&
     , projectID(project)
     , actID(act) {
     QWidget* body = column().body();
-    heading = new PageHeading(body);
+    heading = new WorkspaceHeading(2, body);
     add = new Button(Button::Kind::primary, Glyph::plus, heading);
     heading->actions().addWidget(add);
     auto* naming = new QWidget(body);
@@ -36,7 +38,7 @@ ActView::ActView(PageContext given, const Identifier& project, const Identifier&
     line->addWidget(progress, 1, Qt::AlignBottom);
     sequence = new Label(VantryType::Role::label, &Palette::ink, Label::Length::cut, body);
     sequence->setFont(VantryType::font(VantryType::Role::label, QFont::DemiBold));
-    empty = new EmptyCard(Glyph::camera, body);
+    empty = new EmptyViewCard(Glyph::camera, body);
     shots = new RowList(body);
     for (QWidget* part : std::initializer_list<QWidget*>{heading, naming, sequence, empty, shots})
         column().content().addWidget(part);

@@ -5,10 +5,10 @@
 namespace vantry {
 
 class Button;
-class EmptyCard;
+class EmptyViewCard;
 class Label;
 class LabeledInput;
-class PageHeading;
+class WorkspaceHeading;
 class RecordRemoval;
 class RowList;
 
@@ -31,12 +31,12 @@ private:
 
     const Identifier projectID;
     const Identifier actID;
-    PageHeading* heading;
+    WorkspaceHeading* heading;
     Button* add;
     LabeledInput* title;
     Label* progress;
     Label* sequence;
-    EmptyCard* empty;
+    EmptyViewCard* empty;
     RowList* shots;
     RecordRemoval* removal;
 };

@@ -3,11 +3,11 @@
 #include <QShortcut>
 
 #include "Vantry/interface/design/Button.h"
-#include "Vantry/interface/design/PageHeading.h"
+#include "Vantry/interface/design/WorkspaceHeading.h"
 
 namespace vantry {
 
-Button* makeNewTakeButton(PageHeading& heading, const std::function<void()>& start) {
+Button* makeNewTakeButton(WorkspaceHeading& heading, const std::function<void()>& start) {
     auto* button = new Button(Button::Kind::primary, Glyph::plus, &heading);
     heading.actions().addWidget(button);
     QObject::connect(button, &Button::clicked, button, [start] { start(); });

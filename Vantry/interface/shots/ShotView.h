@@ -8,7 +8,7 @@ class Button;
 class Card;
 class Label;
 class LabeledInput;
-class PageHeading;
+class WorkspaceHeading;
 class ParagraphField;
 class RecordRemoval;
 class RowList;
@@ -41,7 +41,7 @@ private:
     const Identifier projectID;
     const Identifier actID;
     const Identifier shotID;
-    PageHeading* heading = nullptr;
+    WorkspaceHeading* heading = nullptr;
     Button* newTake = nullptr;
     Label* cancelled = nullptr;
     Label* retained = nullptr;

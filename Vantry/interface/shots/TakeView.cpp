@@ -5,9 +5,10 @@
 #include "Vantry/interface/design/Card.h"
 #include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/LabeledInput.h"
+#include "Vantry/interface/design/Label.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/PageColumn.h"
-#include "Vantry/interface/design/PageHeading.h"
+#include "Vantry/interface/design/WorkspaceHeading.h"
 #include "Vantry/interface/design/ParagraphEditor.h"
 #include "Vantry/interface/design/SegmentedChoice.h"
 #include "Vantry/interface/design/StarRating.h"
@@ -28,7 +29,7 @@ TakeView::TakeView(PageContext given, const Identifier& project, const Identifie
     , shotID(shot)
     , takeID(take) {
     QWidget* body = column().body();
-    heading = new PageHeading(body);
+    heading = new WorkspaceHeading(2, body);
     newTake =
         makeNewTakeButton(*heading, performing([this] { startNewTake(context, projectID, actID, shotID); }));
     retained = new Label(VantryType::Role::label, &Palette::warning, Label::Length::wrapped, body);

@@ -8,7 +8,7 @@ class Button;
 class Card;
 class Label;
 class LabeledInput;
-class PageHeading;
+class WorkspaceHeading;
 class ParagraphField;
 class RecordRemoval;
 class SegmentedChoice;
@@ -41,7 +41,7 @@ private:
     const Identifier actID;
     const Identifier shotID;
     const Identifier takeID;
-    PageHeading* heading = nullptr;
+    WorkspaceHeading* heading = nullptr;
     Button* newTake = nullptr;
     Label* retained = nullptr;
     Label* resultTitle = nullptr;

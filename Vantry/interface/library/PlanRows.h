@@ -1,0 +1,60 @@
+#pragma once
+
+#include "Vantry/interface/design/Pressable.h"
+
+namespace vantry {
+
+class CompletionLine;
+
+/// A shot that is still to come: when, what, and where it belongs.
+class UpcomingRow final : public Pressable {
+    Q_OBJECT
+
+public:
+    struct Content {
+        QString time;
+        QString name;
+        QString place;
+
+        friend bool operator==(const Content&, const Content&) = default;
+    };
+
+    explicit UpcomingRow(QWidget* parent = nullptr);
+
+    void setContent(const Content& content);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Content content;
+};
+
+/// An act of a production, with how much of it is shot.
+class ActRow final : public Pressable {
+    Q_OBJECT
+
+public:
+    struct Content {
+        QString title;
+        QString counts;
+        int done = 0;
+        int total = 0;
+
+        friend bool operator==(const Content&, const Content&) = default;
+    };
+
+    explicit ActRow(QWidget* parent = nullptr);
+
+    void setContent(const Content& content);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    Content content;
+    CompletionLine* line;
+};
+
+}  // namespace vantry

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "VantryCore/records/Moment.h"
+#include "VantryCore/records/Zone.h"
+
+namespace vantry {
+
+/// A day and time as the pages show it in lists: "Sat 21 Nov, 20:30", or "11月21日 周六 20:30". The year
+/// stands with it where it is not that of `now`.
+[[nodiscard]] std::string shootTime(Moment moment, Moment now, const Zone& zone, bool english);
+
+}  // namespace vantry
