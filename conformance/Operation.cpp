@@ -5,9 +5,10 @@
 namespace vantry::conformance {
 
 Operation findOperation(std::string_view name) {
-    const std::array tables{codecOperations(),     documentOperations(),   exchangeOperations(),
-                            gateOperations(),      parametersOperations(), peopleOperations(),
-                            referenceOperations(), scheduleOperations(),   shotOperations()};
+    const std::array tables{codecOperations(),  documentOperations(),  exchangeOperations(),
+                            gateOperations(),   interfaceOperations(), parametersOperations(),
+                            peopleOperations(), referenceOperations(), scheduleOperations(),
+                            shotOperations()};
     for (const auto& table : tables)
         for (const auto& operation : table)
             if (operation.name == name)

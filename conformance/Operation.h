@@ -20,6 +20,7 @@ struct NamedOperation {
 [[nodiscard]] std::span<const NamedOperation> documentOperations();
 [[nodiscard]] std::span<const NamedOperation> exchangeOperations();
 [[nodiscard]] std::span<const NamedOperation> gateOperations();
+[[nodiscard]] std::span<const NamedOperation> interfaceOperations();
 [[nodiscard]] std::span<const NamedOperation> parametersOperations();
 [[nodiscard]] std::span<const NamedOperation> peopleOperations();
 [[nodiscard]] std::span<const NamedOperation> referenceOperations();

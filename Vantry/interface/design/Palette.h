@@ -24,6 +24,7 @@ struct Palette {
     QColor link;       ///< links, focus ring, focused border
     QColor danger;     ///< failure, destructive actions
     QColor warning;    ///< pending, unsaved
+    QColor editorInk;  ///< `ink` for what people write, as the platform's editors take it from their palette
 
     using Token = QColor Palette::*;
 
@@ -39,5 +40,11 @@ struct Palette {
     /// What standard controls are painted with.
     [[nodiscard]] QPalette controls() const;
 };
+
+/// How well one colour can be read on the other, from 1 for the same to 21 for black on white: the contrast
+/// ratio of WCAG 2. Opaque sRGB; the order does not matter.
+[[nodiscard]] double contrast(const QColor& a, const QColor& b);
+/// The relative luminance of WCAG 2, from 0 for black to 1 for white.
+[[nodiscard]] double luminance(const QColor& colour);
 
 }  // namespace vantry

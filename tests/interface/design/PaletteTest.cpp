@@ -1,28 +1,11 @@
 #include "Vantry/interface/design/Palette.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include <gtest/gtest.h>
 
 #include <QWidget>
 
 namespace vantry::test {
 namespace {
-
-double luminance(const QColor& colour) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b) {
-    const double first = luminance(a) + 0.05;
-    const double second = luminance(b) + 0.05;
-    return std::max(first, second) / std::min(first, second);
-}
 
 class PaletteTest : public testing::TestWithParam<bool> {
 protected:
@@ -37,6 +20,22 @@ TEST_P(PaletteTest, EveryTextIsReadableOnEverySurface) {
             EXPECT_GE(contrast(palette.*text, palette.*surface), 4.5)
                 << (palette.*text).name().toStdString() << " on " << (palette.*surface).name().toStdString();
     EXPECT_GE(contrast(palette.canvas, palette.ink), 4.5);
+}
+
+TEST_P(PaletteTest, WhatPeopleWriteHasTheInkOfEverythingElse) {
+    EXPECT_NEAR(luminance(palette.editorInk), luminance(palette.ink), 0.001);
+    EXPECT_EQ(palette.controls().color(QPalette::Text), palette.editorInk);
+}
+
+TEST(ContrastTest, GoesFromOneToTwentyOneInEitherOrder) {
+    EXPECT_DOUBLE_EQ(contrast(Qt::black, Qt::white), 21);
+    EXPECT_DOUBLE_EQ(contrast(Qt::white, Qt::black), 21);
+    EXPECT_DOUBLE_EQ(contrast(QColor(0x62, 0x6A, 0x63), QColor(0x62, 0x6A, 0x63)), 1);
+    // A component of 10 of 255 is the last on the straight part of the curve.
+    EXPECT_NEAR(luminance(QColor(10, 10, 10)), 10 / 255.0 / 12.92, 1e-6);
+    EXPECT_NEAR(luminance(QColor(255, 0, 0)), 0.2126, 1e-9);
+    EXPECT_NEAR(luminance(QColor(0, 255, 0)), 0.7152, 1e-9);
+    EXPECT_NEAR(luminance(QColor(0, 0, 255)), 0.0722, 1e-9);
 }
 
 TEST_P(PaletteTest, AWidgetAsksForTheOneInForce) {
