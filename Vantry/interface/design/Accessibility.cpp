@@ -9,6 +9,7 @@
 #include "Vantry/interface/design/SegmentedChoice.h"
 #include "Vantry/interface/design/Sheet.h"
 #include "Vantry/interface/design/StarRating.h"
+#include "Vantry/interface/design/VantryBrandMark.h"
 #include "Vantry/interface/design/VantryDisclosure.h"
 
 namespace vantry {
@@ -127,6 +128,19 @@ private:
     Sheet* sheet;
 };
 
+/// What only adorns: assistive tools pass over what nobody can see.
+class DecorationAccessible final : public QAccessibleWidget {
+public:
+    explicit DecorationAccessible(QWidget* decoration)
+        : QAccessibleWidget(decoration, QAccessible::NoRole) {}
+
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.invisible = true;
+        return state;
+    }
+};
+
 QAccessibleInterface* makeInterface(const QString&, QObject* object) {
     if (auto* star = qobject_cast<StarButton*>(object))
         return new ValueAccessible<StarButton>(star);
@@ -144,6 +158,8 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
         return new SheetAccessible(sheet);
     if (auto* page = qobject_cast<Page*>(object))
         return new QAccessibleWidget(page, QAccessible::Pane);
+    if (auto* mark = qobject_cast<VantryBrandMark*>(object))
+        return new DecorationAccessible(mark);
     return nullptr;
 }
 
