@@ -1,5 +1,6 @@
 #include "Vantry/app/VantryApplication.h"
 
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
@@ -31,9 +32,25 @@ bool VantryApplication::isRepetition(const QKeyEvent& event) const {
     return event.isAutoRepeat() || pressedAtOnce;
 }
 
+bool VantryApplication::isComposing() const {
+    return composing != nullptr && composing == focusObject();
+}
+
 bool VantryApplication::notify(QObject* receiver, QEvent* event) {
     switch (event->type()) {
+    case QEvent::InputMethod:
+        composing = static_cast<QInputMethodEvent*>(event)->preeditString().isEmpty() ? nullptr : receiver;
+        return QApplication::notify(receiver, event);
+    case QEvent::FocusOut:
+        if (receiver == composing)
+            composing = nullptr;
+        return QApplication::notify(receiver, event);
     case QEvent::ShortcutOverride:
+        if (isComposing()) {
+            // Taken, so that Qt looks for no shortcut and goes on with a plain key.
+            event->accept();
+            return true;
+        }
         offeredRepeat = isRepetition(*static_cast<QKeyEvent*>(event));
         return QApplication::notify(receiver, event);
     case QEvent::Shortcut:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QPointer>
 
 #include "Vantry/app/KeyEvents.h"
 
@@ -15,6 +16,8 @@ namespace vantry {
 /// A shortcut never arrives as a key press: Qt offers the key as a ShortcutOverride first and, when a
 /// shortcut matches, sends a Shortcut event instead. So the repetition is remembered from the override and
 /// holds while the Shortcut event is delivered.
+///
+/// While an input method composes a text, its keys belong to it: no shortcut of any window fires then.
 class VantryApplication final : public QApplication, public KeyEvents {
     Q_OBJECT
 
@@ -31,6 +34,10 @@ private:
     bool deliver(QObject* receiver, QEvent* event, bool isRepetition);
     [[nodiscard]] bool isRepetition(const QKeyEvent& event) const;
 
+    /// Whether an input method is composing where the keyboard is.
+    [[nodiscard]] bool isComposing() const;
+
+    QPointer<QObject> composing;  ///< what an input method last left an unfinished text in
     bool repeating = false;
     bool offeredRepeat = false;
     int releasedKey = 0;
