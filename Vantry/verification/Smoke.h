@@ -6,9 +6,13 @@
 
 #include "VantryCore/records/Identifier.h"
 
+class QString;
+class QWidget;
+
 namespace vantry {
 
 class VantryStore;
+struct Palette;
 
 /// The program's proof of itself: a fixed list of checks against the real code on data of its own.
 struct Smoke {
@@ -19,15 +23,40 @@ struct Smoke {
     };
 
     /// Walks all groups in order and prints one line for each to standard output: "PASS: ..." when it was
-    /// proved, "SKIPPED: " and its name when it does not exist yet. Answers whether none was skipped.
-    /// The folder is VANTRY_VERIFY_DIR, else "Vantry-Verification" among the temporary files.
-    /// Throws Failure at the first check that does not hold, or the error of the system that failed.
+    /// proved, "SKIPPED: " and its name when it does not exist yet, and notes between them. Answers whether
+    /// none was skipped. The folder is VANTRY_VERIFY_DIR, else "Vantry-Verification" among the temporary
+    /// files. Throws Failure at the first check that does not hold, or the error of the system that failed.
     static bool run();
 
     /// Throws Failure with `text` unless `holds`.
     static void demand(bool holds, const std::string& text);
     static void pass(const std::string& text);
     static void skip(const std::string& group);
+    /// Prints "NOTE: " and `text`: which service of the toolkit a group stands on.
+    static void note(const std::string& text);
+};
+
+/// The brand mark, and whether every text can be read on every surface in both appearances.
+struct BrandVerification {
+    static void run();
+    static void verifyMark(const QString& file);
+    /// The lowest ratio of all pairs, none of which fails.
+    static double lowestContrast(const std::string& appearance, const Palette& palette);
+};
+
+/// The faces of the bundle, as the system gives them to who asks for their family and weight.
+struct FontVerification {
+    static void run();
+    static void verifyFace(const std::string& name, const QString& folder);
+};
+
+/// Headings of the longest titles. The search page joins when there is one.
+struct LayoutVerification {
+    static void run();
+    /// How high `view` becomes at that width, without a window.
+    static int fittingHeight(QWidget& view, int width);
+    static void demandHeading(int height);
+    static void demandSubtitle(int width, int height);
 };
 
 /// The rules of the shoot schedule in a zone whose clocks change.

@@ -6,6 +6,7 @@ Usage: program_test.py VANTRY SAMPLE-LIBRARY
 import json
 import os
 import pathlib
+import re
 import shutil
 import signal
 import subprocess
@@ -66,12 +67,16 @@ class ProgramTest(unittest.TestCase):
         status, lines, errors = self.verify("--verify", environment={"VANTRY_VERIFY_DIR": str(folder)})
         self.assertEqual(status, 0, errors)
         self.assertIn("PASS: bundled Inter Regular / Medium / SemiBold / Bold available", lines)
+        for appearance in ("NSAppearanceNameAqua", "NSAppearanceNameDarkAqua"):
+            self.assertTrue(any(re.fullmatch(f"PASS: {appearance} brand text / interaction / status contrast "
+                                             r"minimum \d+\.\d\d:1", line) for line in lines), lines)
+        self.assertIn("PASS: long fixed headings and sheets within presenting window", lines)
         self.assertIn("PASS: immediate first creation, repeated-input suppression, independent targets and retry",
                       lines)
         self.assertIn("PASS: 100 clean navigations avoid writes; previous snapshot, dirty save and file recovery "
                       "preserved", lines)
         self.assertIn(f"Verification artifacts: {folder}", lines)
-        self.assertTrue(all(line.startswith(("PASS: ", "SKIPPED: ", "Verification artifacts: ")) for line in lines))
+        self.assertTrue(all(line.startswith(("PASS: ", "NOTE: ", "SKIPPED: ", "Verification artifacts: ")) for line in lines))
         closing = "PASS: persistence, independent records, bilingual PDF export, merge validation"
         skipped = any(line.startswith("SKIPPED: ") for line in lines)
         self.assertEqual(closing in lines, not skipped)
