@@ -18,6 +18,7 @@ ExportMenu::ExportMenu(VantryStore& opened, const Identifier& project, QWidget* 
     , store(opened)
     , projectID(project) {
     setOpensMenu();
+    setTrailing(Glyph::chevronDown);
     connect(this, &ExportMenu::clicked, this, [this] { contain(store, [this] { open(); }); });
 }
 

@@ -38,7 +38,8 @@ LazyCells::LazyCells(Shape cellShape, Make makeCell, Fill fillCell, QWidget* par
     , shape(cellShape)
     , make(std::move(makeCell))
     , fill(std::move(fillCell)) {
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    // Not a fixed one: Qt would then hold the height of the hint for the least, whatever the width.
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
 }

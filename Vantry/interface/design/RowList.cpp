@@ -80,8 +80,9 @@ void RowList::setRows(const QList<Row>& wanted) {
         rows.insert(row.key, row);
         order.append(row.key);
     }
-    setVisible(!order.isEmpty());
+    const bool isEmpty = order.isEmpty();
     setKeys(std::move(order));
+    setVisible(!isEmpty);
 }
 
 }  // namespace vantry

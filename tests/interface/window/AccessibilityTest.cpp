@@ -56,17 +56,37 @@ protected:
 };
 
 TEST_F(AccessibilityTest, TheLibrary) {
-    expectOnPage(Route::library(), {{QAccessible::Button, "New project"}, {QAccessible::Button, "候车室"}});
+    expectOnPage(Route::library(), {{QAccessible::Button, "New project"},
+                                    {QAccessible::Button, "候车室"},
+                                    {QAccessible::Button, "Open calendar"},
+                                    {QAccessible::Button, "Search library"}});
 }
 
 TEST_F(AccessibilityTest, AProduction) {
-    expectOnPage(Route::project(project), {{QAccessible::ButtonMenu, "Export PDF"},
-                                           {QAccessible::Button, "第 1 幕"},
-                                           {QAccessible::Button, "Add act"},
-                                           {QAccessible::Button, "Delete project…"},
-                                           {QAccessible::EditableText, "Project name"},
-                                           {QAccessible::EditableText, "Director"},
-                                           {QAccessible::EditableText, "Project notes"}});
+    const std::vector<Spoken> heading{{QAccessible::ButtonMenu, "Export PDF"},
+                                      {QAccessible::RadioButton, "Overview"},
+                                      {QAccessible::RadioButton, "People"},
+                                      {QAccessible::RadioButton, "Call Sheet"},
+                                      {QAccessible::RadioButton, "Details"},
+                                      {QAccessible::RadioButton, "Related files"}};
+    const auto with = [&](std::vector<Spoken> tab) {
+        tab.insert(tab.begin(), heading.begin(), heading.end());
+        return tab;
+    };
+    expectOnPage(Route::project(project), with({{QAccessible::Button, "第 1 幕"},
+                                                {QAccessible::Button, "Add act"},
+                                                {QAccessible::Button, "Open people board"},
+                                                {QAccessible::Button, "Manage call sheets"}}));
+    for (const char* tab : {"People", "Call Sheet", "Related files"}) {
+        openTab(Route::project(project), QString::fromUtf8(tab));
+        expectOnPage(Route::project(project), heading);
+    }
+    openTab(Route::project(project), QStringLiteral("Details"));
+    expectOnPage(Route::project(project), with({{QAccessible::EditableText, "Project name"},
+                                                {QAccessible::EditableText, "Director"},
+                                                {QAccessible::EditableText, "Project notes"},
+                                                {QAccessible::Button, "Project defaults"},
+                                                {QAccessible::Button, "Delete project…"}}));
 }
 
 TEST_F(AccessibilityTest, AnAct) {

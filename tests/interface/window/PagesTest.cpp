@@ -35,13 +35,13 @@ TEST_F(PagesTest, TheLibraryListsProductionsWithTheirCounts) {
     });
     settle();
     EXPECT_EQ(detailOf(QStringLiteral("候车室")),
-              QStringLiteral("导演 · 待填写 · 1 幕 · 1 镜 · 1 已完成 · 保留版本"));
+              QStringLiteral("保留版本 · 导演 · 待填写 · 1 幕 · 1 镜 · 1 已完成"));
     clickOnPage(QStringLiteral("候车室"));
     EXPECT_EQ(route(), Route::project(project));
 }
 
 TEST_F(PagesTest, AProductionIsNamedDirectedAndDescribed) {
-    go(Route::project(project));
+    openTab(Route::project(project), QStringLiteral("项目信息"));
     type(QStringLiteral("项目名称"), QStringLiteral("Night Ferry"));
     type(QStringLiteral("导演"), QStringLiteral("Anna"));
     QTest::keyClicks(&get<ParagraphEditor>(QStringLiteral("项目说明")), QStringLiteral("Two nights."));
@@ -52,6 +52,7 @@ TEST_F(PagesTest, AProductionIsNamedDirectedAndDescribed) {
     EXPECT_EQ(record->notes, Text("Two nights."));
     EXPECT_TRUE(shows(QStringLiteral("Night Ferry"))) << "the heading follows";
     EXPECT_TRUE(shows(QStringLiteral("导演 · Anna")));
+    openTab(Route::project(project), QStringLiteral("拍摄总览"));
     EXPECT_EQ(detailOf(QStringLiteral("第 1 幕")), QStringLiteral("1 镜 · 0 已完成 · 1 待拍"));
 }
 

@@ -36,6 +36,12 @@ protected:
                  "删除项目及其全部记录？可用撤销结构修改恢复。", "Delete project…",
                  "Delete this project and all its records? You can undo the structure change."}};
     }
+    /// Shows the page, and of a production's page the tab with its button.
+    void show(const Level& level) {
+        go(level.place);
+        if (level.place == Route::project(project))
+            openTab(level.place, store->english() ? QStringLiteral("Details") : QStringLiteral("项目信息"));
+    }
     [[nodiscard]] static QuestionSheet* question() { return topmost<QuestionSheet>(); }
     void focusByTab(const QString& button, QWidget* within = nullptr) const {
         get<QAbstractButton>(button, within).setFocus(Qt::TabFocusReason);
@@ -50,7 +56,7 @@ protected:
 TEST_F(RemovalTest, EachPageAsksAndDeletesItsRecordAndUndoBringsItBack) {
     const Library before = store->library();
     for (const Level& level : levels()) {
-        go(level.place);
+        show(level);
         clickOnPage(level.button);
         ASSERT_NE(question(), nullptr) << level.button.toStdString();
         EXPECT_EQ(question()->windowTitle(), level.question);
@@ -67,7 +73,7 @@ TEST_F(RemovalTest, EachPageAsksAndDeletesItsRecordAndUndoBringsItBack) {
         EXPECT_EQ(store->library(), before);
         EXPECT_EQ(DiskStore::read(file()), before);
         EXPECT_EQ(route(), level.parent) << "an undo leads nowhere";
-        go(level.place);
+        show(level);
         EXPECT_FALSE(shows(missing));
         EXPECT_NE(find<QAbstractButton>(page(), level.button), nullptr);
     }
@@ -77,7 +83,7 @@ TEST_F(RemovalTest, CancelEscapeAndReturnChangeNothing) {
     const Library before = store->library();
     const auto onDisk = support::factsOf(file());
     for (const Level& level : levels()) {
-        go(level.place);
+        show(level);
         for (int way = 0; way < 3; ++way) {
             clickOnPage(level.button);
             ASSERT_NE(question(), nullptr);
@@ -108,7 +114,7 @@ TEST_F(RemovalTest, TheDestructiveButtonIsLastAndNotTheDefault) {
 
 TEST_F(RemovalTest, TheQuestionFollowsTheLanguage) {
     for (const Level& level : levels()) {
-        go(level.place);
+        show(level);
         clickOnPage(level.button);
         store->setLanguage("en");
         settle();
@@ -147,7 +153,7 @@ TEST_F(RemovalTest, WhenItCannotBeSavedThePersonStaysOnTheMissingPage) {
     const auto history = window->navigation().history();
     for (const Level& level : levels()) {
         if (level.place != route())
-            go(level.place);
+            show(level);
         const auto way = window->navigation().history();
         disk.full = true;
         clickOnPage(level.button);

@@ -190,6 +190,12 @@ protected:
         window->go(route);
         settle();
     }
+    /// Goes to a production and shows that tab of its page.
+    void openTab(const Route& production, const QString& title) {
+        go(production);
+        get<QAbstractButton>(title, &page()).click();
+        settle();
+    }
     [[nodiscard]] const Route& route() const { return window->navigation().route(); }
     [[nodiscard]] Page& page() const {
         for (auto* candidate : window->findChildren<Page*>())
