@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "Vantry/interface/design/Glyph.h"
 #include "Vantry/interface/design/Label.h"
 #include "Vantry/interface/design/Metrics.h"
 
@@ -12,8 +13,8 @@ Banner::Banner(QWidget* parent)
     : QWidget(parent)
     , text(new Label(VantryType::Role::label, &Palette::canvas, Label::Length::wrapped, this)) {
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(Metrics::paddingPage, Metrics::gapInline, Metrics::paddingPage,
-                               Metrics::gapInline);
+    column->setContentsMargins(Metrics::paddingPage + Metrics::iconLarge + Metrics::gapField,
+                               Metrics::gapInline, Metrics::paddingPage, Metrics::gapInline);
     column->addWidget(text);
     setMinimumHeight(Metrics::bannerHeight);
     hide();
@@ -28,7 +29,13 @@ void Banner::refresh(bool loadFailed, bool english) {
 }
 
 void Banner::paintEvent(QPaintEvent*) {
-    QPainter(this).fillRect(rect(), Palette::of(*this).danger);
+    const Palette& palette = Palette::of(*this);
+    QPainter painter(this);
+    painter.fillRect(rect(), palette.danger);
+    paintGlyph(painter, Glyph::warning,
+               QRectF(Metrics::paddingPage, (height() - Metrics::iconLarge) / 2.0, Metrics::iconLarge,
+                      Metrics::iconLarge),
+               palette.canvas);
 }
 
 }  // namespace vantry

@@ -13,9 +13,9 @@ namespace vantry {
 CrumbBar::CrumbBar(QWidget* parent)
     : QWidget(parent) {
     auto* inside = new QWidget(this);
-    inside->setMaximumWidth(Metrics::pageWidth);
-    row = new QHBoxLayout(inside);
     // The words, not their surfaces, stand on the page's edge.
+    inside->setMaximumWidth(Metrics::pageWidth + Metrics::paddingInline);
+    row = new QHBoxLayout(inside);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
     row->addStretch();

@@ -1,70 +1,31 @@
 #include "Vantry/interface/navigation/LibraryTree.h"
 
+#include <utility>
+
 #include <QHoverEvent>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QStyledItemDelegate>
+#include <QScrollBar>
 
-#include "Vantry/interface/design/ControlText.h"
+#include "Vantry/interface/design/ButtonStyles.h"
+#include "Vantry/interface/design/FocusRing.h"
 #include "Vantry/interface/design/Glyph.h"
+#include "Vantry/interface/design/KeyboardFocus.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/Palette.h"
-#include "Vantry/interface/design/VantryType.h"
-#include "Vantry/interface/navigation/LibraryTreeModel.h"
+#include "Vantry/interface/navigation/DisclosureLayer.h"
 #include "Vantry/interface/navigation/NavigationAccessibility.h"
+#include "Vantry/interface/navigation/TreeRowDelegate.h"
 
 namespace vantry {
-namespace {
-
-/// Draws a row's sign and its one or two lines; the tree draws what lies behind.
-class RowDelegate final : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override {
-        return {Metrics::sidebarMinimum, Metrics::treeRowHeight};
-    }
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override {
-        const auto& tree = *static_cast<const LibraryTree*>(option.widget);
-        const Palette& palette = Palette::of(tree);
-        const QRect row = option.rect;
-        const bool chosen = tree.selectionModel()->isSelected(index);
-        const bool enabled = index.flags().testFlag(Qt::ItemIsEnabled);
-        painter->save();
-        const int start = row.left() + 2 * Metrics::treeInset;
-        const QRectF sign(start, row.center().y() - Metrics::iconSmall / 2.0, Metrics::iconSmall,
-                          Metrics::iconSmall);
-        const auto glyph = static_cast<Glyph>(index.data(LibraryTreeModel::glyphRole).toInt());
-        paintGlyph(*painter, glyph, sign, palette.muted, glyph == Glyph::folder);
-
-        const QString detail = index.data(LibraryTreeModel::detailRole).toString();
-        const int left = start + Metrics::iconSmall + Metrics::gapInline;
-        const int width = row.right() - left;
-        const int titleHeight = VantryType::lineHeight(VantryType::Role::label);
-        const int detailHeight = detail.isEmpty() ? 0 : VantryType::lineHeight(VantryType::Role::caption);
-        const int top = row.top() + (row.height() - titleHeight - detailHeight) / 2;
-        const auto line = [&](const QString& text, int y, int height) {
-            painter->drawText(QRect(left, y, width, height), Qt::AlignLeft | Qt::AlignVCenter,
-                              painter->fontMetrics().elidedText(singleLine(text), Qt::ElideRight, width));
-        };
-        painter->setFont(VantryType::font(VantryType::Role::label, chosen ? QFont::DemiBold : QFont::Medium));
-        painter->setPen(enabled ? palette.ink : palette.muted);
-        line(index.data(Qt::DisplayRole).toString(), top, titleHeight);
-        painter->setFont(VantryType::font(VantryType::Role::caption));
-        painter->setPen(palette.muted);
-        line(detail, top + titleHeight, detailHeight);
-        painter->restore();
-    }
-};
-
-}  // namespace
 
 LibraryTree::LibraryTree(QWidget* parent)
-    : QTreeView(parent) {
+    : QTreeView(parent)
+    , hovered(*viewport())
+    , chosen(*viewport())
+    , layer(new DisclosureLayer(*viewport(), &Palette::navigation)) {
     installNavigationAccessibility();
-    setItemDelegate(new RowDelegate(this));
+    setItemDelegate(new TreeRowDelegate(this));
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setIndentation(Metrics::treeIndent);
@@ -94,33 +55,112 @@ void LibraryTree::press(const QModelIndex& index) {
         emit rowPressed(index);
 }
 
+void LibraryTree::toggle(const QModelIndex& index) {
+    disclose(index, [&] { setExpanded(index, !isExpanded(index)); });
+}
+
+void LibraryTree::disclose(const QModelIndex& index, const std::function<void()>& change) {
+    const QPersistentModelIndex row = index;
+    const int rows = shownRows();
+    const int scrolled = verticalScrollBar()->value();
+    layer->begin();
+    change();
+    const int difference = shownRows() - rows;
+    if (!row.isValid() || difference == 0) {
+        layer->cancel();
+        return;
+    }
+    disclosed = row;
+    announceOpening(*this, row);
+    if (verticalScrollBar()->value() == scrolled)
+        layer->slide(visualRect(row).bottom() + 1, difference * Metrics::treeRowHeight);
+    else
+        layer->fade();
+}
+
+void LibraryTree::discloseMany(const std::function<void()>& change) {
+    layer->begin();
+    disclosed = QPersistentModelIndex();
+    QPersistentModelIndex top = indexAt({0, 0});
+    const int offset = visualRect(top).top();
+    change();
+    while (top.isValid() && placeOf(top) < 0)
+        top = top.parent();
+    if (top.isValid())
+        verticalScrollBar()->setValue(placeOf(top) * Metrics::treeRowHeight - offset);
+    layer->fade();
+}
+
+void LibraryTree::openAll(const std::vector<QModelIndex>& rows) {
+    discloseMany([&] { reopen(rows); });
+}
+
+void LibraryTree::reopen(const std::vector<QModelIndex>& rows) {
+    // From here to the next question what is open is only noted down.
+    if (rows.size() > 1)
+        scheduleDelayedItemsLayout();
+    for (const QModelIndex& row : rows)
+        setExpanded(row, true);
+}
+
+void LibraryTree::rowsInserted(const QModelIndex& parent, int first, int last) {
+    if (first < last || !parent.isValid() || !isExpanded(parent)) {
+        QTreeView::rowsInserted(parent, first, last);
+        return;
+    }
+    // Qt would lay out all rows of the tree anew. A row that is closed and opened is laid out alone.
+    const QSignalBlocker quiet(this);
+    collapse(parent);
+    expand(parent);
+}
+
+void LibraryTree::closeAll() {
+    discloseMany([this] { collapseAll(); });
+}
+
+void LibraryTree::keepingPlace(const std::function<void()>& change) {
+    const int scrolled = verticalScrollBar()->value();
+    if (scrolled == 0) {
+        change();
+        return;
+    }
+    const QPersistentModelIndex top = indexAt({0, 0});
+    const int before = placeOf(top);
+    change();
+    if (!top.isValid())
+        return;
+    const int now = placeOf(top);
+    if (now >= 0 && now != before)
+        verticalScrollBar()->setValue(scrolled + (now - before) * Metrics::treeRowHeight);
+}
+
+QModelIndex LibraryTree::shownRow(int place) const {
+    return place < 0 ? QModelIndex()
+                     : indexAt({0, place * Metrics::treeRowHeight - verticalScrollBar()->value()});
+}
+
+int LibraryTree::placeOf(const QModelIndex& row) const {
+    const QRect place = visualRect(row);
+    return place.isValid() ? (place.top() + verticalScrollBar()->value()) / Metrics::treeRowHeight : -1;
+}
+
+int LibraryTree::shownRows() const {
+    // The last one closes the tree: down from the last production into what is open.
+    QModelIndex last;
+    for (int rows = model()->rowCount(); rows > 0; rows = isExpanded(last) ? model()->rowCount(last) : 0)
+        last = model()->index(rows - 1, 0, last);
+    return last.isValid() ? placeOf(last) + 1 : 0;
+}
+
 void LibraryTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const {
-    const Palette& palette = Palette::of(*this);
-    const bool chosen = selectionModel()->isSelected(index);
-    constexpr qreal half = Metrics::hairline / 2.0;
-    const QRectF surface = QRectF(0, option.rect.top(), viewport()->width(), option.rect.height())
-                               .adjusted(half, half, -half, -half);
+    const QRectF surface(0, option.rect.top(), viewport()->width(), option.rect.height());
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    if (chosen || index == hovered) {
-        painter->setPen(chosen ? QPen(palette.rule, Metrics::hairline) : QPen(Qt::NoPen));
-        painter->setBrush(chosen ? palette.selected : palette.hover);
-        painter->drawRoundedRect(surface, Metrics::radiusControl, Metrics::radiusControl);
-    }
-    if (chosen) {
-        const QRectF bar(0, surface.top() + Metrics::gapField, Metrics::selectionBar,
-                         surface.height() - 2 * Metrics::gapField);
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(palette.ink);
-        painter->drawRoundedRect(bar, Metrics::hairline, Metrics::hairline);
-    }
-    if (hasFocus() && index == currentIndex()) {
-        painter->setPen(QPen(palette.link, Metrics::ring));
-        painter->setBrush(Qt::NoBrush);
-        painter->drawRoundedRect(surface.adjusted(half, half, -half, -half), Metrics::radiusControl,
-                                 Metrics::radiusControl);
-    }
+    VantryRowButtonStyle::paint(*painter, surface, Palette::of(*this),
+                                {.hovered = hovered.strength(index), .selected = chosen.strength(index)});
+    if (hasFocus() && cameByKeyboard && index == currentIndex())
+        paintRing(*painter, surface, Metrics::radiusControl, Palette::of(*this).link);
     painter->restore();
     QTreeView::drawRow(painter, option, index);
 }
@@ -128,37 +168,108 @@ void LibraryTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
 void LibraryTree::drawBranches(QPainter* painter, const QRect& place, const QModelIndex& index) const {
     if (!model()->hasChildren(index))
         return;
-    const QRectF chevron(place.right() + 1 - Metrics::treeChevron + Metrics::treeInset,
-                         place.center().y() - Metrics::treeChevron / 2.0, Metrics::treeChevron,
-                         Metrics::treeChevron);
-    paintGlyph(*painter, isExpanded(index) ? Glyph::chevronDown : Glyph::chevronRight, chevron,
+    // It points right, and down while the row is open.
+    constexpr double right = -90;
+    const double way = index == disclosed ? layer->progress() : 1;
+    const double turn = isExpanded(index) ? right * (1 - way) : right * way;
+    constexpr qreal size = Metrics::treeChevron;
+    painter->save();
+    painter->translate(place.right() + 1 + Metrics::treeInset - size / 2, place.top() + place.height() / 2.0);
+    painter->rotate(turn);
+    paintGlyph(*painter, Glyph::chevronDown, QRectF(-size / 2, -size / 2, size, size),
                Palette::of(*this).muted);
+    painter->restore();
 }
 
 void LibraryTree::keyPressEvent(QKeyEvent* event) {
+    cameByKeyboard = true;
+    viewport()->update();
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
-        if ((event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
+        if (plain) {
             press(currentIndex());
             return;
         }
         break;
+    case Qt::Key_Right:
+    case Qt::Key_Left:
+    case Qt::Key_Plus:
+    case Qt::Key_Minus:
+        disclose(currentIndex(), [&] { QTreeView::keyPressEvent(event); });
+        return;
     default:
         break;
     }
     QTreeView::keyPressEvent(event);
 }
 
+bool LibraryTree::isOnChevron(const QPoint& place) const {
+    const QModelIndex index = indexAt(place);
+    if (!index.isValid() || !model()->hasChildren(index))
+        return false;
+    const int start = visualRect(index).left();
+    return place.x() >= start - Metrics::treeIndent &&
+           place.x() < start + Metrics::treeInset + Metrics::gapInline;
+}
+
+bool LibraryTree::takesPress(QMouseEvent& event) {
+    cameByKeyboard = false;
+    pressTaken = event.button() == Qt::LeftButton && isOnChevron(event.position().toPoint());
+    if (pressTaken)
+        toggle(indexAt(event.position().toPoint()));
+    return pressTaken;
+}
+
+void LibraryTree::mousePressEvent(QMouseEvent* event) {
+    if (!takesPress(*event))
+        QTreeView::mousePressEvent(event);
+}
+
+void LibraryTree::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (!takesPress(*event))
+        QTreeView::mouseDoubleClickEvent(event);
+}
+
+void LibraryTree::mouseReleaseEvent(QMouseEvent* event) {
+    // The press was no press on the row, so this is no click on it.
+    if (!std::exchange(pressTaken, false))
+        QTreeView::mouseReleaseEvent(event);
+}
+
+void LibraryTree::focusInEvent(QFocusEvent* event) {
+    cameByKeyboard = isKeyboardFocus(event->reason(), cameByKeyboard);
+    // Who comes for the first time begins at the place that is on screen.
+    if (!currentIndex().isValid() && cameByKeyboard && chosen.row().isValid() && placeOf(chosen.row()) >= 0)
+        setCurrentIndex(chosen.row());
+    QTreeView::focusInEvent(event);
+}
+
+void LibraryTree::resizeEvent(QResizeEvent* event) {
+    layer->interrupt();
+    QTreeView::resizeEvent(event);
+}
+
+void LibraryTree::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange)
+        layer->interrupt();
+    QTreeView::changeEvent(event);
+}
+
+void LibraryTree::scrollContentsBy(int dx, int dy) {
+    layer->interrupt();
+    QTreeView::scrollContentsBy(dx, dy);
+}
+
 bool LibraryTree::viewportEvent(QEvent* event) {
-    const QPersistentModelIndex before = hovered;
-    if (event->type() == QEvent::HoverMove || event->type() == QEvent::HoverEnter)
-        hovered = indexAt(static_cast<QHoverEvent*>(event)->position().toPoint());
-    else if (event->type() == QEvent::HoverLeave)
-        hovered = QPersistentModelIndex();
-    if (hovered != before)
-        viewport()->update();
+    if (event->type() == QEvent::HoverMove || event->type() == QEvent::HoverEnter) {
+        const QModelIndex under = indexAt(static_cast<QHoverEvent*>(event)->position().toPoint());
+        hovered.moveTo(under.flags().testFlag(Qt::ItemIsEnabled) ? under : QModelIndex());
+    } else if (event->type() == QEvent::HoverLeave) {
+        hovered.moveTo({});
+    }
     return QTreeView::viewportEvent(event);
 }
 
@@ -175,6 +286,8 @@ void LibraryTree::currentChanged(const QModelIndex& current, const QModelIndex& 
 void LibraryTree::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     // NOLINTNEXTLINE(bugprone-parent-virtual-call): see above
     QAbstractItemView::selectionChanged(selected, deselected);
+    const QModelIndexList places = selectionModel()->selectedIndexes();
+    chosen.moveTo(places.isEmpty() ? QModelIndex() : places.first());
     viewport()->update();
     for (const QModelIndex& index : selected.indexes())
         announceRow(*this, index, QAccessible::Selection);

@@ -73,7 +73,7 @@ QModelIndex LibraryTreeModel::indexOf(const Route& route) const {
 }
 
 QModelIndex LibraryTreeModel::index(int row, int column, const QModelIndex& parent) const {
-    if (!hasIndex(row, column, parent))
+    if (row < 0 || column != 0 || row >= rowCount(parent))
         return {};
     const Row& holder = parent.isValid() ? rowOf(parent) : *root;
     return createIndex(row, column, holder.children[static_cast<std::size_t>(row)].get());

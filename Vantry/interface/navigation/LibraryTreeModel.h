@@ -36,6 +36,8 @@ public:
     [[nodiscard]] static Kind kindOf(const QModelIndex& index);
     /// The record of the row; for a new take's row the shot.
     [[nodiscard]] static Identifier recordOf(const QModelIndex& index);
+    /// Whether it is the row of a production, an act or a shot, which open even where nothing is in them.
+    [[nodiscard]] static bool canOpen(const QModelIndex& index) { return kindOf(index) <= Kind::shot; }
     /// Where the row leads; for a new take's row its shot.
     [[nodiscard]] static Route routeOf(const QModelIndex& index);
     /// The row that stands for `route`, or an invalid index.

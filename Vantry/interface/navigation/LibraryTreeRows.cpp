@@ -76,7 +76,7 @@ std::vector<LibraryTreeModel::Entry> LibraryTreeModel::entriesOf(const Row& row)
 int LibraryTreeModel::Row::glyph() const {
     switch (entry.kind) {
     case Kind::project:
-        return static_cast<int>(Glyph::folder);
+        return static_cast<int>(Glyph::folderFilled);
     case Kind::act:
         return static_cast<int>(Glyph::film);
     case Kind::shot: {

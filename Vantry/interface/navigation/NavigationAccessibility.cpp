@@ -86,7 +86,7 @@ public:
         if (name == pressAction())
             tree->press(index);
         else if (name == toggleAction())
-            tree->setExpanded(index, !tree->isExpanded(index));
+            tree->toggle(index);
     }
     [[nodiscard]] QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
@@ -106,27 +106,12 @@ public:
             QAccessible::deleteAccessibleInterface(id);
     }
 
-    [[nodiscard]] int childCount() const override {
-        int count = 0;
-        for (QModelIndex row = firstRow(); row.isValid(); row = tree.indexBelow(row))
-            ++count;
-        return count;
-    }
+    [[nodiscard]] int childCount() const override { return tree.shownRows(); }
     [[nodiscard]] QAccessibleInterface* child(int wanted) const override {
-        if (wanted < 0)
-            return nullptr;
-        QModelIndex row = firstRow();
-        for (int skipped = 0; skipped < wanted && row.isValid(); ++skipped)
-            row = tree.indexBelow(row);
-        return interfaceOf(row);
+        return interfaceOf(tree.shownRow(wanted));
     }
     [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override {
-        const auto* known = static_cast<const RowAccessible*>(child);
-        int at = 0;
-        for (QModelIndex row = firstRow(); row.isValid(); row = tree.indexBelow(row), ++at)
-            if (known->place() == row)
-                return at;
-        return -1;
+        return tree.placeOf(static_cast<const RowAccessible*>(child)->place());
     }
     [[nodiscard]] QAccessibleInterface* childAt(int x, int y) const override {
         return interfaceOf(tree.indexAt(tree.viewport()->mapFromGlobal(QPoint(x, y))));
@@ -153,8 +138,6 @@ public:
     }
 
 private:
-    [[nodiscard]] QModelIndex firstRow() const { return tree.model()->index(0, 0); }
-
     LibraryTree& tree;
     mutable std::unordered_map<const void*, QAccessible::Id> made;  ///< by the row of the model
 };
@@ -194,6 +177,14 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
     return nullptr;
 }
 
+/// The row, if anybody listens.
+QAccessibleInterface* heardRow(LibraryTree& tree, const QModelIndex& index) {
+    if (!QAccessible::isActive())
+        return nullptr;
+    auto* known = static_cast<TreeAccessible*>(QAccessible::queryAccessibleInterface(&tree));
+    return known == nullptr ? nullptr : known->interfaceOf(index);
+}
+
 }  // namespace
 
 void installNavigationAccessibility() {
@@ -205,13 +196,17 @@ void installNavigationAccessibility() {
 }
 
 void announceRow(LibraryTree& tree, const QModelIndex& index, QAccessible::Event event) {
-    if (!QAccessible::isActive())
-        return;
-    auto* known = static_cast<TreeAccessible*>(QAccessible::queryAccessibleInterface(&tree));
-    if (known == nullptr)
-        return;
-    if (QAccessibleInterface* row = known->interfaceOf(index)) {
+    if (QAccessibleInterface* row = heardRow(tree, index)) {
         QAccessibleEvent announcement(row, event);
+        QAccessible::updateAccessibility(&announcement);
+    }
+}
+
+void announceOpening(LibraryTree& tree, const QModelIndex& index) {
+    if (QAccessibleInterface* row = heardRow(tree, index)) {
+        QAccessible::State changed;
+        changed.expanded = true;
+        QAccessibleStateChangeEvent announcement(row, changed);
         QAccessible::updateAccessibility(&announcement);
     }
 }

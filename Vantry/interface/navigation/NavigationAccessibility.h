@@ -14,5 +14,7 @@ void installNavigationAccessibility();
 
 /// Tells assistive tools that `event` happened to the row, if it is one that can be seen.
 void announceRow(LibraryTree& tree, const QModelIndex& index, QAccessible::Event event);
+/// Tells assistive tools that the row was opened or closed.
+void announceOpening(LibraryTree& tree, const QModelIndex& index);
 
 }  // namespace vantry

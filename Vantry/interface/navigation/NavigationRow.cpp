@@ -2,15 +2,15 @@
 
 #include <QPainter>
 
-#include "Vantry/interface/design/Metrics.h"
-#include "Vantry/interface/design/Palette.h"
+#include "Vantry/interface/design/ControlStates.h"
+#include "Vantry/interface/design/VantryMotion.h"
 #include "Vantry/interface/design/VantryType.h"
 #include "Vantry/interface/navigation/NavigationAccessibility.h"
 
 namespace vantry {
 
 NavigationRow::NavigationRow(Glyph sign, QWidget* parent)
-    : Pressable(parent)
+    : Pressable(VantryMotion::selection(), parent)
     , glyph(sign) {
     installNavigationAccessibility();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -20,6 +20,7 @@ void NavigationRow::setChosen(bool now) {
     if (chosen == now)
         return;
     chosen = now;
+    states().setSelected(now);
     update();
     QAccessible::State state;
     state.selected = true;
@@ -28,34 +29,24 @@ void NavigationRow::setChosen(bool now) {
 }
 
 QSize NavigationRow::sizeHint() const {
-    return {Metrics::sidebarMinimum - 2 * Metrics::paddingSidebar, Metrics::controlHeight};
+    return {Metrics::sidebarMinimum - 2 * Metrics::paddingSidebar, VantryRowButtonStyle::height};
 }
 
 void NavigationRow::paintEvent(QPaintEvent*) {
     const Palette& palette = Palette::of(*this);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    constexpr qreal half = Metrics::hairline / 2.0;
-    const QRectF surface = QRectF(rect()).adjusted(half, half, -half, -half);
-    if (chosen || isHovered()) {
-        painter.setPen(chosen ? QPen(palette.rule, Metrics::hairline) : QPen(Qt::NoPen));
-        painter.setBrush(chosen ? palette.selected : palette.hover);
-        painter.drawRoundedRect(surface, Metrics::radiusControl, Metrics::radiusControl);
-    }
-    if (chosen) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(palette.ink);
-        painter.drawRoundedRect(
-            QRectF(0, Metrics::gapField, Metrics::selectionBar, height() - 2 * Metrics::gapField),
-            Metrics::hairline, Metrics::hairline);
-    }
+    const ControlLook look = VantryRowButtonStyle::look(palette, state());
+    VantryRowButtonStyle::paint(painter, rect(), palette, state());
+    painter.setOpacity(look.opacity);
     const QRectF sign(Metrics::paddingSidebar, (height() - Metrics::icon) / 2.0, Metrics::icon,
                       Metrics::icon);
-    paintGlyph(painter, glyph, sign, palette.ink);
+    paintGlyph(painter, glyph, sign, look.text);
     const int left = Metrics::paddingSidebar + Metrics::icon + Metrics::gapField;
     painter.setFont(VantryType::font(VantryType::Role::label, chosen ? QFont::DemiBold : QFont::Medium));
-    painter.setPen(palette.ink);
+    painter.setPen(look.text);
     painter.drawText(QRect(left, 0, width() - left, height()), Qt::AlignLeft | Qt::AlignVCenter, plain());
+    painter.setOpacity(1);
     if (showsFocus())
         paintFocus(painter, rect(), Metrics::radiusControl);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "Vantry/interface/design/Button.h"
+#include "Vantry/interface/design/Glyph.h"
+#include "Vantry/interface/design/Pressable.h"
 
 namespace vantry {
 

@@ -5,7 +5,7 @@
 namespace vantry {
 
 class Button;
-class LabeledInput;
+class VantryTextField;
 
 /// Asks for the name and the director of a new production.
 class NewProjectSheet final : public Sheet {
@@ -27,8 +27,8 @@ signals:
     void createPressed();
 
 private:
-    LabeledInput* nameField;
-    LabeledInput* directorField;
+    VantryTextField* nameField;
+    VantryTextField* directorField;
     Button* cancel;
     Button* create;
 };

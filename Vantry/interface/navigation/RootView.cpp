@@ -24,10 +24,13 @@
 #include "Vantry/interface/pages/Contained.h"
 #include "Vantry/interface/pages/MissingView.h"
 #include "Vantry/interface/routes/Crumbs.h"
+#include "Vantry/interface/settings/SettingsView.h"
 #include "Vantry/interface/shots/ActView.h"
 #include "Vantry/interface/shots/NewTake.h"
 #include "Vantry/interface/shots/ShotView.h"
 #include "Vantry/interface/shots/TakeView.h"
+#include "Vantry/schedule/pages/SearchView.h"
+#include "Vantry/schedule/pages/VantryCalendarView.h"
 
 namespace vantry {
 
@@ -112,9 +115,11 @@ Page* RootView::makePage(const Route& route) {
     case Route::Place::take:
         return new TakeView(context, project, act, shot, *route.takeID());
     case Route::Place::search:
+        return new SearchView(context);
     case Route::Place::calendar:
+        return new VantryCalendarView(context);
     case Route::Place::settings:
-        break;  // nothing leads there yet
+        return new SettingsView(context);
     }
     return new MissingView(context);
 }

@@ -9,6 +9,7 @@
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Label.h"
 #include "Vantry/interface/design/Metrics.h"
+#include "Vantry/interface/design/VantryBrandMark.h"
 #include "Vantry/interface/navigation/LibraryTree.h"
 #include "Vantry/interface/navigation/LibraryTreeModel.h"
 #include "Vantry/interface/navigation/NavigationRow.h"
@@ -18,136 +19,190 @@ namespace vantry {
 
 Sidebar::Sidebar(QWidget* parent)
     : QWidget(parent)
-    , tagline(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this))
-    , library(new NavigationRow(Glyph::library, this))
-    , contents(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this))
-    , expandButton(new Button(Button::Kind::crumb, Glyph::none, this))
-    , collapseButton(new Button(Button::Kind::crumb, Glyph::none, this))
-    , model(new LibraryTreeModel(this))
-    , tree(new LibraryTree(this))
-    , newProject(new Button(Button::Kind::quiet, Glyph::plus, this)) {
-    tree->setModel(model);
-    contents->setFont(VantryType::font(VantryType::Role::caption, QFont::DemiBold));
+    , model(new LibraryTreeModel(this)) {
+    // Made in the order in which they stand: so the keyboard and assistive tools walk through them.
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addLayout(makeBrand());
+    column->addLayout(makePlaces());
+    column->addLayout(makeHeader());
+    column->addLayout(makeTree(), 1);
+    column->addLayout(makeFoot());
+    setMinimumWidth(Metrics::sidebarMinimum);
+    setMaximumWidth(Metrics::sidebarMaximum);
 
-    auto* brand = new Label(VantryType::Role::emphasis, &Palette::ink, Label::Length::cut, this);
-    brand->setPlain(QStringLiteral("Vantry"));
-    brand->lower();
+    connect(newProject, &Button::clicked, this, &Sidebar::newProjectPressed);
+    connect(expandButton, &Button::clicked, this, &Sidebar::expandAll);
+    connect(collapseButton, &Button::clicked, this, &Sidebar::collapseAll);
+    connect(tree, &LibraryTree::rowPressed, this, &Sidebar::pressRow);
+    connect(tree, &LibraryTree::expanded, this,
+            [this](const QModelIndex& index) { expandBinding(index, true); });
+    connect(tree, &LibraryTree::collapsed, this,
+            [this](const QModelIndex& index) { expandBinding(index, false); });
+    connect(model, &LibraryTreeModel::rowsInserted, this, &Sidebar::reopen);
+}
+
+QLayout* Sidebar::makeBrand() {
+    auto* mark = new VantryBrandMark(this);
+    mark->setFixedSize(Metrics::brandWidth, Metrics::brandHeight);
+    auto* name = new Label(VantryType::Role::emphasis, &Palette::ink, Label::Length::cut, this);
+    name->setPlain(QStringLiteral("Vantry"));
+    tagline = new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this);
     auto* names = new QVBoxLayout;
-    names->setContentsMargins(Metrics::paddingBrand + Metrics::brandWidth + Metrics::gapField,
-                              Metrics::paddingBrand, Metrics::paddingBrand, Metrics::gapField);
     names->setSpacing(0);
-    names->addWidget(brand);
+    names->addStretch();
+    names->addWidget(name);
     names->addWidget(tagline);
+    names->addStretch();
+    auto* block = new QHBoxLayout;
+    constexpr int below = Metrics::brandBlockHeight - Metrics::paddingBrand - Metrics::brandHeight;
+    block->setContentsMargins(Metrics::paddingBrand, Metrics::paddingBrand, Metrics::paddingSidebar, below);
+    block->setSpacing(Metrics::gapField);
+    block->addWidget(mark);
+    block->addLayout(names, 1);
+    return block;
+}
 
+QLayout* Sidebar::makePlaces() {
     auto* places = new QVBoxLayout;
     places->setContentsMargins(Metrics::paddingSidebar, 0, Metrics::paddingSidebar, 0);
-    places->addWidget(library);
+    places->setSpacing(Metrics::gapLines);
+    const auto add = [&](const QString& chinese, const QString& english, Glyph icon, const Route& route,
+                         const QKeySequence& shortcut) {
+        places->addWidget(navRow(chinese, english, icon, route, shortcut));
+    };
+    add(QStringLiteral("资料库"), QStringLiteral("Library"), Glyph::library, Route::library(),
+        Qt::CTRL | Qt::Key_1);
+    add(QStringLiteral("搜索"), QStringLiteral("Search"), Glyph::search, Route::search(),
+        Qt::CTRL | Qt::Key_F);
+    add(QStringLiteral("日历"), QStringLiteral("Calendar"), Glyph::calendar, Route::calendar(),
+        Qt::CTRL | Qt::Key_3);
+    add(QStringLiteral("设置"), QStringLiteral("Settings"), Glyph::settings, Route::settings(),
+        Qt::CTRL | Qt::Key_Comma);
+    return places;
+}
 
+NavigationRow* Sidebar::navRow(const QString& chinese, const QString& english, Glyph icon, const Route& route,
+                               const QKeySequence& shortcut) {
+    auto* row = new NavigationRow(icon, this);
+    const auto press = [this, route] { emit routePressed(route); };
+    connect(row, &NavigationRow::clicked, this, press);
+    connect(new QShortcut(shortcut, this), &QShortcut::activated, this, press);
+    destinations.push_back({row, chinese, english, route});
+    return row;
+}
+
+QLayout* Sidebar::makeHeader() {
+    contents = new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this);
+    contents->setFont(VantryType::font(VantryType::Role::caption, QFont::DemiBold));
+    expandButton = new Button(Button::Kind::crumb, Glyph::none, this);
+    collapseButton = new Button(Button::Kind::crumb, Glyph::none, this);
     auto* header = new QHBoxLayout;
-    header->setContentsMargins(Metrics::gapSection, Metrics::gapInline, Metrics::gapCaption, 0);
+    // The buttons are higher than the line that they stand on, and wider than their texts.
+    const int over = (Metrics::inlineHeight - VantryType::lineHeight(VantryType::Role::caption)) / 2;
+    header->setContentsMargins(2 * Metrics::paddingSidebar, Metrics::gapCard - over,
+                               Metrics::paddingSidebar - Metrics::paddingInline, Metrics::gapCaption - over);
     header->setSpacing(0);
     header->addWidget(contents, 1);
     header->addWidget(expandButton);
     header->addWidget(collapseButton);
+    return header;
+}
 
+QLayout* Sidebar::makeTree() {
+    tree = new LibraryTree(this);
+    tree->setModel(model);
     auto* rows = new QVBoxLayout;
+    // The strip of the scroll bar is the margin at the right.
     rows->setContentsMargins(Metrics::paddingSidebar, 0, 0, 0);
     rows->addWidget(tree);
+    return rows;
+}
 
+QLayout* Sidebar::makeFoot() {
+    newProject = new Button(Button::Kind::quiet, Glyph::plus, this);
     newProject->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     auto* foot = new QVBoxLayout;
     foot->setContentsMargins(Metrics::paddingSidebar, Metrics::paddingSidebar + Metrics::hairline,
                              Metrics::paddingSidebar, Metrics::paddingSidebar);
     foot->addWidget(newProject);
-
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addLayout(names);
-    column->addLayout(places);
-    column->addLayout(header);
-    column->addLayout(rows, 1);
-    column->addLayout(foot);
-    setMinimumWidth(Metrics::sidebarMinimum);
-    setMaximumWidth(Metrics::sidebarMaximum);
-
-    connect(library, &NavigationRow::clicked, this, [this] { emit routePressed(Route::library()); });
-    auto* shortcut = new QShortcut(Qt::CTRL | Qt::Key_1, this);
-    connect(shortcut, &QShortcut::activated, this, [this] { emit routePressed(Route::library()); });
-    connect(newProject, &Button::clicked, this, &Sidebar::newProjectPressed);
-    connect(expandButton, &Button::clicked, this, &Sidebar::expandAll);
-    connect(collapseButton, &Button::clicked, this, &Sidebar::collapseAll);
-    connect(tree, &LibraryTree::rowPressed, this, &Sidebar::pressRow);
-    connect(tree, &LibraryTree::expanded, this, [this](const QModelIndex& index) {
-        if (!changingAll)
-            expanded.insert(LibraryTreeModel::recordOf(index));
-    });
-    connect(tree, &LibraryTree::collapsed, this, [this](const QModelIndex& index) {
-        if (!changingAll)
-            expanded.erase(LibraryTreeModel::recordOf(index));
-    });
-    connect(model, &LibraryTreeModel::rowsInserted, this, &Sidebar::reopen);
+    return foot;
 }
 
 QSize Sidebar::sizeHint() const {
     return {Metrics::sidebarIdeal, QWidget::sizeHint().height()};
 }
 
-void Sidebar::refresh(const Library& records, const Route& route, bool english) {
+void Sidebar::refresh(const Library& library, const Route& route, bool english) {
     tagline->setPlain(english ? QStringLiteral("Production notebook") : QStringLiteral("拍摄工作空间"));
-    library->setPlain(english ? QStringLiteral("Library") : QStringLiteral("资料库"));
-    library->setChosen(route == Route::library());
+    for (const Destination& destination : destinations) {
+        destination.row->setPlain(english ? destination.english : destination.chinese);
+        destination.row->setChosen(route == destination.route);
+    }
     const QString title = english ? QStringLiteral("Contents") : QStringLiteral("目录");
     contents->setPlain(title);
     tree->setAccessibleName(title);
     expandButton->setPlain(english ? QStringLiteral("Expand all") : QStringLiteral("全部展开"));
     collapseButton->setPlain(english ? QStringLiteral("Collapse") : QStringLiteral("收起"));
     newProject->setPlain(english ? QStringLiteral("New project") : QStringLiteral("新建项目"));
-    model->refresh(records, english);
+    tree->keepingPlace([&] { model->refresh(library, english); });
     tree->setPlace(route.projectID() ? model->indexOf(route) : QModelIndex());
 }
 
-void Sidebar::expand(const Identifier& record) {
-    expanded.insert(record);
-    const QModelIndex index = model->indexOf(Route::project(record));
+void Sidebar::expand(const Identifier& project) {
+    expanded.insert(project);
+    const QModelIndex index = model->indexOf(Route::project(project));
     if (index.isValid())
         tree->setExpanded(index, true);
+}
+
+void Sidebar::expandBinding(const QModelIndex& index, bool open) {
+    if (changingMany)
+        return;
+    if (open)
+        expanded.insert(LibraryTreeModel::recordOf(index));
+    else
+        expanded.erase(LibraryTreeModel::recordOf(index));
 }
 
 void Sidebar::reopen(const QModelIndex& parent, int first, int last) {
     if (expanded.empty())
         return;
-    const QScopedValueRollback guard(changingAll, true);
-    for (int row = first; row <= last; ++row) {
-        const QModelIndex index = model->index(row, 0, parent);
-        if (LibraryTreeModel::kindOf(index) > LibraryTreeModel::Kind::shot ||
-            !expanded.contains(LibraryTreeModel::recordOf(index)))
-            continue;
-        tree->setExpanded(index, true);
-        reopen(index, 0, model->rowCount(index) - 1);
-    }
+    std::vector<QModelIndex> rows;
+    for (int row = first; row <= last; ++row)
+        collect(model->index(row, 0, parent), rows, true);
+    const QScopedValueRollback guard(changingMany, true);
+    tree->reopen(rows);
 }
 
-void Sidebar::remember(const QModelIndex& parent) {
-    for (int row = 0; row < model->rowCount(parent); ++row) {
-        const QModelIndex index = model->index(row, 0, parent);
-        if (LibraryTreeModel::kindOf(index) > LibraryTreeModel::Kind::shot)
-            return;
-        expanded.insert(LibraryTreeModel::recordOf(index));
-        remember(index);
-    }
+void Sidebar::collect(const QModelIndex& row, std::vector<QModelIndex>& rows, bool onlyExpanded) const {
+    if (!LibraryTreeModel::canOpen(row) ||
+        (onlyExpanded && !expanded.contains(LibraryTreeModel::recordOf(row))))
+        return;
+    rows.push_back(row);
+    if (LibraryTreeModel::kindOf(row) == LibraryTreeModel::Kind::shot)
+        return;
+    for (int child = 0; child < model->rowCount(row); ++child)
+        collect(model->index(child, 0, row), rows, onlyExpanded);
 }
 
 void Sidebar::expandAll() {
-    remember({});
-    const QScopedValueRollback guard(changingAll, true);
-    tree->expandAll();
+    std::vector<QModelIndex> rows;
+    for (int project = 0; project < model->rowCount({}); ++project)
+        collect(model->index(project, 0, {}), rows, false);
+    expanded.clear();
+    expanded.reserve(rows.size());
+    for (const QModelIndex& row : rows)
+        expanded.insert(LibraryTreeModel::recordOf(row));
+    const QScopedValueRollback guard(changingMany, true);
+    tree->openAll(rows);
 }
 
 void Sidebar::collapseAll() {
     expanded.clear();
-    const QScopedValueRollback guard(changingAll, true);
-    tree->collapseAll();
+    const QScopedValueRollback guard(changingMany, true);
+    tree->closeAll();
 }
 
 void Sidebar::pressRow(const QModelIndex& index) {
@@ -162,10 +217,6 @@ void Sidebar::paintEvent(QPaintEvent*) {
     const Palette& palette = Palette::of(*this);
     QPainter painter(this);
     painter.fillRect(rect(), palette.navigation);
-    paintBrandMark(
-        painter,
-        QRectF(Metrics::paddingBrand, Metrics::paddingBrand, Metrics::brandWidth, Metrics::brandHeight),
-        palette.ink);
     const int foot = newProject->geometry().top() - Metrics::paddingSidebar - Metrics::hairline;
     painter.fillRect(0, foot, width(), Metrics::hairline, palette.rule);
 }

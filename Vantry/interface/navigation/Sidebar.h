@@ -1,10 +1,16 @@
 #pragma once
 
 #include <unordered_set>
+#include <vector>
 
 #include <QWidget>
 
+#include "Vantry/interface/design/Glyph.h"
 #include "Vantry/interface/routes/Route.h"
+
+class QKeySequence;
+class QLayout;
+class QModelIndex;
 
 namespace vantry {
 
@@ -23,9 +29,10 @@ class Sidebar final : public QWidget {
 public:
     explicit Sidebar(QWidget* parent = nullptr);
 
+    /// Rows that stay keep their place on screen, whether they are open, and the one that is selected.
     void refresh(const Library& library, const Route& route, bool english);
-    /// Opens the row of that record, now or as soon as it has something to show.
-    void expand(const Identifier& record);
+    /// Opens the row of that production, now or as soon as it has something to show.
+    void expand(const Identifier& project);
 
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -39,23 +46,40 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// Notes all records below `parent` as open.
-    void remember(const QModelIndex& parent);
+    /// A fixed place, with its title in both languages.
+    struct Destination {
+        NavigationRow* row;
+        QString chinese;
+        QString english;
+        Route route;
+    };
+
+    [[nodiscard]] QLayout* makeBrand();
+    [[nodiscard]] QLayout* makePlaces();
+    [[nodiscard]] QLayout* makeHeader();
+    [[nodiscard]] QLayout* makeTree();
+    [[nodiscard]] QLayout* makeFoot();
+    [[nodiscard]] NavigationRow* navRow(const QString& chinese, const QString& english, Glyph icon,
+                                        const Route& route, const QKeySequence& shortcut);
+    /// Keeps in mind whether the person has the row of that record open.
+    void expandBinding(const QModelIndex& index, bool open);
     void expandAll();
     void collapseAll();
-    void pressRow(const QModelIndex& index);
+    /// Adds the row and those in it that can be opened, or only those that `expanded` says, from the top.
+    void collect(const QModelIndex& row, std::vector<QModelIndex>& rows, bool onlyExpanded) const;
     void reopen(const QModelIndex& parent, int first, int last);
+    void pressRow(const QModelIndex& index);
 
-    Label* tagline;
-    NavigationRow* library;
-    Label* contents;
-    Button* expandButton;
-    Button* collapseButton;
     LibraryTreeModel* model;
-    LibraryTree* tree;
-    Button* newProject;
+    Label* tagline = nullptr;
+    std::vector<Destination> destinations;
+    Label* contents = nullptr;
+    Button* expandButton = nullptr;
+    Button* collapseButton = nullptr;
+    LibraryTree* tree = nullptr;
+    Button* newProject = nullptr;
     std::unordered_set<Identifier> expanded;  ///< the records whose row is open, gone ones included
-    bool changingAll = false;
+    bool changingMany = false;                ///< what opens and closes now is in `expanded` already
 };
 
 }  // namespace vantry

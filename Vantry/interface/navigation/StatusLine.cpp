@@ -2,32 +2,39 @@
 
 #include <QDateTime>
 #include <QHBoxLayout>
+#include <QLocale>
 #include <QPainter>
+#include <QRegularExpression>
 
 #include "Vantry/app/VantryStore.h"
 #include "Vantry/interface/design/Label.h"
 #include "Vantry/interface/design/Metrics.h"
+#include "Vantry/interface/design/TabularLabel.h"
 
 namespace vantry {
 namespace {
 
+/// Hours and minutes as the person's locale writes them.
 QString clockTime(const Moment& moment) {
     constexpr double millisecondsPerSecond = 1000;
     const double sinceUnix =
         (moment.seconds + static_cast<double>(unixSecondsOfReferenceDate)) * millisecondsPerSecond;
-    return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(sinceUnix)).toString(QStringLiteral("HH:mm"));
+    const QTime time = QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(sinceUnix)).time();
+    static const QRegularExpression seconds(QStringLiteral("[^HhmAPap]*s+"));
+    const QLocale locale;
+    return locale.toString(time, locale.timeFormat(QLocale::ShortFormat).remove(seconds));
 }
 
 }  // namespace
 
 StatusLine::StatusLine(QWidget* parent)
     : QWidget(parent)
-    , state(new Label(VantryType::Role::caption, &Palette::ink, Label::Length::cut, this))
-    , time(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this)) {
+    , state(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this))
+    , time(new TabularLabel(VantryType::Role::caption, &Palette::muted, this)) {
     auto* version = new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this);
     version->setPlain(QStringLiteral("Vantry · 0.7.7"));
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(Metrics::gapCard + Metrics::iconSmall + Metrics::gapInline, Metrics::hairline,
+    row->setContentsMargins(Metrics::gapCard + Metrics::iconStatus + Metrics::gapInline, Metrics::hairline,
                             Metrics::gapCard, 0);
     row->setSpacing(Metrics::gapInline);
     row->addWidget(state);
@@ -70,8 +77,8 @@ void StatusLine::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), palette.card);
     painter.fillRect(0, 0, width(), Metrics::hairline, palette.rule);
     paintGlyph(painter, glyph,
-               QRectF(Metrics::gapCard, (height() - Metrics::iconSmall) / 2.0, Metrics::iconSmall,
-                      Metrics::iconSmall),
+               QRectF(Metrics::gapCard, (height() - Metrics::iconStatus) / 2.0, Metrics::iconStatus,
+                      Metrics::iconStatus),
                palette.*colour);
 }
 

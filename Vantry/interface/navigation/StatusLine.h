@@ -8,6 +8,7 @@
 namespace vantry {
 
 class Label;
+class TabularLabel;
 class VantryStore;
 
 /// The foot of the window: whether everything is on disk, told by shape, word and colour, and since when.
@@ -24,7 +25,7 @@ protected:
 
 private:
     Label* state;
-    Label* time;
+    TabularLabel* time;
     Glyph glyph = Glyph::none;
     Palette::Token colour = &Palette::completed;
 };

@@ -1,16 +1,20 @@
 #include "Vantry/interface/navigation/ToolButton.h"
 
+#include <algorithm>
+
 #include <QAction>
 #include <QPainter>
 
-#include "Vantry/interface/design/Metrics.h"
-#include "Vantry/interface/design/Palette.h"
+#include "Vantry/interface/design/ControlStates.h"
+#include "Vantry/interface/design/FocusRing.h"
+#include "Vantry/interface/design/VantryMotion.h"
 
 namespace vantry {
 
 ToolButton::ToolButton(QAction& action, Glyph sign, QWidget* parent)
     : QToolButton(parent)
-    , glyph(sign) {
+    , glyph(sign)
+    , states(new ControlStates(*this, VantryMotion::feedback())) {
     setDefaultAction(&action);
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
@@ -30,26 +34,21 @@ QSize ToolButton::sizeHint() const {
 
 void ToolButton::paintEvent(QPaintEvent*) {
     const Palette& palette = Palette::of(*this);
+    const ControlState state = states->state();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    constexpr qreal disabledOpacity = 0.45;
-    if (isEnabled() && (underMouse() || isDown())) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(isDown() ? palette.selected : palette.hover);
-        painter.drawRoundedRect(rect(), Metrics::radiusControl, Metrics::radiusControl);
-    }
-    painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
+    // A quiet button that shows its surface only while it is used.
+    ControlLook look = VantryQuietButtonStyle::look(palette, state);
+    look.fill.setAlphaF(static_cast<float>(std::max(state.hovered, state.pressed)));
+    painter.setOpacity(look.opacity);
+    paintShape(painter, rect(), look, Metrics::radiusControl);
     paintGlyph(painter, glyph,
                QRectF((width() - Metrics::iconLarge) / 2.0, (height() - Metrics::iconLarge) / 2.0,
                       Metrics::iconLarge, Metrics::iconLarge),
-               palette.ink);
-    if (hasFocus()) {
-        constexpr qreal half = Metrics::ring / 2.0;
-        painter.setPen(QPen(palette.link, Metrics::ring));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(half, half, -half, -half), Metrics::radiusControl,
-                                Metrics::radiusControl);
-    }
+               look.text);
+    painter.setOpacity(1);
+    if (states->showsFocus())
+        paintRing(painter, rect(), Metrics::radiusControl, palette.link);
 }
 
 }  // namespace vantry

@@ -6,6 +6,8 @@
 
 namespace vantry {
 
+class ControlStates;
+
 /// A button of the toolbar: a sign alone, named and explained by its action's text.
 class ToolButton final : public QToolButton {
     Q_OBJECT
@@ -22,6 +24,7 @@ private:
     void takeName();
 
     const Glyph glyph;
+    ControlStates* states;
 };
 
 }  // namespace vantry
