@@ -26,7 +26,6 @@ const Palette& Palette::light() {
         .danger = QColor(0xA1, 0x44, 0x3C),
         .warning = QColor(0x80, 0x5D, 0x23),
         .editorInk = QColor(0x29, 0x34, 0x2D),
-        .editorInk = QColor(0x29, 0x34, 0x2D),
     };
     return palette;
 }
@@ -47,7 +46,6 @@ const Palette& Palette::dark() {
         .link = QColor(0xC0, 0xCF, 0xB6),
         .danger = QColor(0xED, 0xAB, 0xA0),
         .warning = QColor(0xE0, 0xC3, 0x8D),
-        .editorInk = QColor(0xEE, 0xF0, 0xE8),
         .editorInk = QColor(0xEE, 0xF0, 0xE8),
     };
     return palette;
@@ -97,20 +95,6 @@ QPalette Palette::controls() const {
     faded.setAlphaF(static_cast<float>(VantryFieldStyle::disabledOpacity));
     palette.setColor(QPalette::Disabled, QPalette::Text, faded);
     return palette;
-}
-
-double luminance(const QColor& colour) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b) {
-    const double first = luminance(a) + 0.05;
-    const double second = luminance(b) + 0.05;
-    return std::max(first, second) / std::min(first, second);
 }
 
 double luminance(const QColor& colour) {
