@@ -70,4 +70,8 @@ void VantryStore::setAppearance(const Text& appearance) {
         around_.preferences->setText(Preferences::appearanceKey, appearance);
 }
 
+bool VantryStore::reducesMotion() const {
+    return around_.preferences != nullptr && around_.preferences->flag(Preferences::reduceMotionKey);
+}
+
 }  // namespace vantry

@@ -1,9 +1,6 @@
 #include "Vantry/interface/design/ButtonStyles.h"
 
-#include <cmath>
-
 #include <QImage>
-#include <QPaintDevice>
 #include <QPainter>
 
 #include "Vantry/interface/design/VantryMotion.h"
@@ -107,32 +104,36 @@ void paintShape(QPainter& painter, const QRectF& shape, const ControlLook& look,
 
 void paintAsOne(QPainter& painter, const QRectF& place, qreal opacity, qreal scale,
                 const std::function<void(QPainter&)>& content) {
+    const auto draw = [&](QPainter& on) {
+        on.setRenderHint(QPainter::Antialiasing);
+        if (scale != 1) {
+            on.translate(place.center());
+            on.scale(scale, scale);
+            on.translate(-place.center());
+        }
+        content(on);
+    };
     painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    if (scale != 1) {
-        painter.translate(place.center());
-        painter.scale(scale, scale);
-        painter.translate(-place.center());
-    }
     if (opacity >= 1) {
-        content(painter);
+        draw(painter);
         painter.restore();
         return;
     }
-    const qreal ratio = painter.device()->devicePixelRatioF();
-    QImage layer((place.size() * ratio).toSize().expandedTo({1, 1}), QImage::Format_ARGB32_Premultiplied);
-    layer.setDevicePixelRatio(ratio);
+    // A picture whose pixels are those of the screen, whatever its scale.
+    const QTransform toScreen = painter.combinedTransform();
+    const QRect pixels = toScreen.mapRect(place).toAlignedRect();
+    const QPointF origin = toScreen.inverted().map(QPointF(pixels.topLeft()));
+    QImage layer(pixels.size().expandedTo({1, 1}), QImage::Format_ARGB32_Premultiplied);
+    layer.setDevicePixelRatio(toScreen.m11());
     layer.fill(Qt::transparent);
     {
         QPainter inside(&layer);
-        inside.setRenderHint(QPainter::Antialiasing);
         inside.setFont(painter.font());
-        inside.translate(-place.topLeft());
-        content(inside);
+        inside.translate(-origin);
+        draw(inside);
     }
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setOpacity(opacity);
-    painter.drawImage(place.topLeft(), layer);
+    painter.drawImage(origin, layer);
     painter.restore();
 }
 

@@ -33,7 +33,7 @@ ControlState ControlStates::state() const {
 }
 
 bool ControlStates::showsFocus() const {
-    return button.hasFocus() && cameByKeyboard;
+    return focused && cameByKeyboard;
 }
 
 void ControlStates::setSelected(bool now) {
@@ -75,10 +75,12 @@ bool ControlStates::eventFilter(QObject* watched, QEvent* event) {
         follow();
         break;
     case QEvent::FocusIn:
+        focused = true;
         cameByKeyboard = isKeyboardFocus(static_cast<QFocusEvent*>(event)->reason(), cameByKeyboard);
         showRing();
         break;
     case QEvent::FocusOut:
+        focused = false;
         delete shown;
         break;
     default:

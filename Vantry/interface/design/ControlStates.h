@@ -52,6 +52,7 @@ private:
     Transition pressed;
     Transition selected;
     bool chosen = false;
+    bool focused = false;
     bool cameByKeyboard = false;
     std::unique_ptr<Ring> ring;
     QPointer<FocusRing> shown;

@@ -19,7 +19,12 @@ QString singleLine(const QString& plain) {
 }
 
 QString asHelp(const QString& plain) {
-    return plain.isEmpty() ? QString() : QStringLiteral("<span>%1</span>").arg(plain.toHtmlEscaped());
+    if (plain.isEmpty())
+        return {};
+    // Left to itself Qt breaks even a short text, to make it less wide.
+    constexpr qsizetype oneLine = 48;
+    const QString style = plain.size() <= oneLine ? QStringLiteral(" style='white-space:nowrap'") : QString();
+    return QStringLiteral("<span%1>%2</span>").arg(style, plain.toHtmlEscaped());
 }
 
 void setHelp(QWidget& widget, const QString& plain) {

@@ -38,6 +38,7 @@ struct Metrics {
     // Lines and corners.
     static constexpr int hairline = 1;
     static constexpr int ring = 2;
+    static constexpr int caret = 2;
     static constexpr int ringGap = 2;                 ///< between a button and the ring around it
     static constexpr int ringReach = ring + ringGap;  ///< the furthest that a ring reaches out
     static constexpr double focusedFrame = 1.5;       ///< the border of an editor that has the keyboard

@@ -14,6 +14,7 @@
 #include "Vantry/interface/design/MenuPainting.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/Palette.h"
+#include "Vantry/interface/design/PickerPainting.h"
 #include "Vantry/interface/design/RowButton.h"
 #include "Vantry/interface/design/Surface.h"
 #include "Vantry/interface/design/VantryFieldStyle.h"
@@ -39,6 +40,11 @@ bool isDestructive(const QStyleOptionMenuItem& entry, const QWidget* widget) {
     const auto* menu = qobject_cast<const QMenu*>(widget);
     return menu != nullptr &&
            qobject_cast<DestructiveAction*>(menu->actionAt(entry.rect.center())) != nullptr;
+}
+
+/// The window of a picker's choices; Qt keeps its class to itself.
+bool isPickerList(const QWidget* widget) {
+    return widget != nullptr && widget->inherits("QComboBoxPrivateContainer");
 }
 
 /// The label that shows hover help; Qt keeps its class to itself.
@@ -69,6 +75,13 @@ void VantryStyle::polish(QWidget* widget) {
     // Nor do the corners of a menu.
     if (qobject_cast<QMenu*>(widget) != nullptr)
         widget->setAttribute(Qt::WA_TranslucentBackground);
+    // The list of a picker lies on a surface like a menu's.
+    if (isPickerList(widget)) {
+        widget->setAttribute(Qt::WA_TranslucentBackground);
+        // Above and below Qt keeps room of its own.
+        constexpr int side = Metrics::hairline + Metrics::paddingMenu;
+        widget->setContentsMargins(side, Metrics::hairline, side, Metrics::hairline);
+    }
     if (QLabel* help = helpLabel(widget)) {
         help->setAttribute(Qt::WA_TranslucentBackground);
         // Beside what PM_ToolTipLabelFrameWidth gives on all sides.
@@ -94,7 +107,16 @@ void VantryStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
 void VantryStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                               const QWidget* widget) const {
     const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
-    if (element == CE_Splitter)
+    // A menu has its panel; the list of a picker has one behind a view that is filled.
+    const bool inMenu = qobject_cast<const QMenu*>(widget) != nullptr;
+    if ((element == CE_MenuItem || element == CE_MenuEmptyArea) && !inMenu)
+        painter->fillRect(option->rect, Palette::of(option->palette).card);
+    const auto* picker = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (element == CE_ComboBoxLabel && picker != nullptr)
+        paintPickerText(*painter, *picker);
+    else if (element == CE_ShapedFrame && isPickerList(widget))
+        paintPickerList(*painter, *option, widget->rect());
+    else if (element == CE_Splitter)
         painter->fillRect(option->rect, Palette::of(option->palette).rule);
     else if (element == CE_MenuItem && entry != nullptr)
         paintMenuItem(*painter, *entry, isDestructive(*entry, widget));
@@ -108,6 +130,10 @@ void VantryStyle::drawControl(ControlElement element, const QStyleOption* option
 
 void VantryStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                      QPainter* painter, const QWidget* widget) const {
+    if (control == CC_ComboBox) {
+        paintPicker(*painter, *option);
+        return;
+    }
     if (control != CC_ScrollBar) {
         QProxyStyle::drawComplexControl(control, option, painter, widget);
         return;
@@ -141,6 +167,8 @@ int VantryStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, con
     case PM_MenuHMargin:
     case PM_MenuVMargin:
         return Metrics::paddingMenu;
+    case PM_TextCursorWidth:
+        return Metrics::caret;
     case PM_ToolTipLabelFrameWidth:
         return Metrics::paddingHelpLine - 1;  // Qt adds one point
     case PM_FocusFrameHMargin:
@@ -178,6 +206,8 @@ QSize VantryStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
     if (type == CT_MenuItem && entry != nullptr)
         return menuItemSize(*entry, contents);
     const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    if (type == CT_ComboBox)
+        return {pickerWidth(contents.width()), Metrics::controlHeight};
     // The same height in every script.
     return type == CT_MenuBarItem ? QSize(size.width(), Metrics::menuBarItemHeight) : size;
 }

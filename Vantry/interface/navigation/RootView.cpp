@@ -10,6 +10,8 @@
 #include "Vantry/app/QtText.h"
 #include "Vantry/interface/design/Appearance.h"
 #include "Vantry/interface/design/Metrics.h"
+#include "Vantry/interface/design/VantryMotionPreference.h"
+#include "Vantry/interface/design/VantryPageArrival.h"
 #include "Vantry/interface/design/VantryStyle.h"
 #include "Vantry/interface/library/LibraryView.h"
 #include "Vantry/interface/library/ProjectView.h"
@@ -40,6 +42,7 @@ RootView::RootView(VantryStore& opened, AppDelegate& guard)
     , context{store, [this](const Route& route) { go(route); }, [this] { refreshSoon(); }} {
     VantryStyle::install();
     appearance = new Appearance(this);
+    motion = new VantryMotionPreference(this);
     setWindowTitle(QStringLiteral("Vantry"));
     setMinimumSize(Metrics::windowMinimumWidth, Metrics::windowMinimumHeight);
     resize(Metrics::windowWidth, Metrics::windowHeight);
@@ -137,6 +140,7 @@ void RootView::showPage() {
     }
     refreshNow();
     page->show();
+    VantryPageArrival::begin(*page);
     // From here the next Tab reaches the page's first control, wherever the old page had the keyboard.
     if (hadFocus)
         page->setFocus(Qt::OtherFocusReason);
@@ -207,6 +211,7 @@ void RootView::refreshNow() {
         const bool english = store.english();
         const Route& route = places.route();
         appearance->setChoice(toQString(store.appearance()));
+        motion->setChoice(store.reducesMotion());
         actions->refresh(places.canGoBack());
         sidebar->refresh(store.library(), route, english);
         banner->refresh(store.loadFailed(), english);

@@ -22,6 +22,7 @@ class Page;
 class Sidebar;
 class StatusLine;
 class StoreAlert;
+class VantryMotionPreference;
 class WindowActions;
 
 /// The one window: the sidebar, and a page for the place that is on screen. It owns the navigation, and with
@@ -65,6 +66,7 @@ private:
     const PageContext context;
     Navigation places;
     Appearance* appearance = nullptr;
+    VantryMotionPreference* motion = nullptr;
     WindowActions* actions = nullptr;
     Sidebar* sidebar = nullptr;
     Banner* banner = nullptr;

