@@ -74,13 +74,14 @@ QRect LazyCells::place(qsizetype index) const {
 /// What lies in the visible part of the page, or not further from it than that part is high.
 QRect LazyCells::nearby() const {
     if (area == nullptr)
-        return rect();
+        return {0, 0, width(), heightForWidth(width())};
     const QWidget& view = *area->viewport();
     return {mapFrom(&view, QPoint(0, 0)) - QPoint(0, view.height()), QSize(width(), 3 * view.height())};
 }
 
 void LazyCells::setKeys(QList<QByteArray> wanted) {
-    if (wanted != keys) {
+    const bool isOther = wanted != keys;
+    if (isOther) {
         keys = std::move(wanted);
         const QSet<QByteArray> staying(keys.cbegin(), keys.cend());
         for (const QByteArray& key : cells.keys())
@@ -91,6 +92,8 @@ void LazyCells::setKeys(QList<QByteArray> wanted) {
     }
     fillCells();
     bringIn();
+    if (isOther)
+        chain();
 }
 
 void LazyCells::fillCells() {
@@ -111,8 +114,7 @@ void LazyCells::bringIn() {
     const qsizetype columns = columnsAt(width());
     const int step = shape.height + shape.gap;
     const qsizetype first = std::max(near.top() / step, 0) * columns;
-    const qsizetype end =
-        std::min(near.bottom() < 0 ? 0 : (near.bottom() / step + 1) * columns, keys.size());
+    const qsizetype end = std::min(near.bottom() < 0 ? 0 : (near.bottom() / step + 1) * columns, keys.size());
     bool isNew = false;
     QSet<QByteArray> wanted;
     for (qsizetype index = first; index < end; ++index) {
@@ -148,6 +150,8 @@ void LazyCells::chain() {
         if (QWidget* const cell = cells.value(keys[index]))
             order.append({index, cell});
     QWidget* previous = this;
+    // Qt places nothing behind what the keyboard does not reach.
+    setFocusPolicy(Qt::TabFocus);
     for (const auto& [index, cell] : std::as_const(order)) {
         cell->raise();
         for (QWidget* stop : stopsOf(*cell)) {
@@ -155,9 +159,10 @@ void LazyCells::chain() {
             previous = stop;
         }
     }
+    setFocusPolicy(Qt::NoFocus);
 }
 
-/// Finds the page that it scrolls with.
+/// Finds the page that it scrolls with, and what holds it there.
 void LazyCells::follow() {
     QAbstractScrollArea* found = nullptr;
     for (QWidget* widget = parentWidget(); widget != nullptr && found == nullptr;
@@ -171,14 +176,20 @@ void LazyCells::follow() {
     area = found;
     if (area == nullptr)
         return;
-    area->viewport()->installEventFilter(this);
-    scrolled =
-        connect(area->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { bringIn(); });
+    QWidget* const view = area->viewport();
+    view->installEventFilter(this);
+    for (QWidget* outer = parentWidget(); outer != view && outer->parentWidget() != view;
+         outer = outer->parentWidget())
+        outer->installEventFilter(this);
+    scrolled = connect(area->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { bringIn(); });
 }
 
 bool LazyCells::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Resize && area != nullptr && watched == area->viewport())
-        QMetaObject::invokeMethod(this, [this] { bringIn(); }, Qt::QueuedConnection);
+    const bool isViewport = area != nullptr && watched == area->viewport();
+    // Something above what holds the list grew or went, which moves the list without a word to it.
+    if (event->type() == (isViewport ? QEvent::Resize : QEvent::Move))
+        QMetaObject::invokeMethod(
+            this, [this] { bringIn(); }, Qt::QueuedConnection);
     return QWidget::eventFilter(watched, event);
 }
 
