@@ -36,5 +36,6 @@ void registerExchange(const Workload& work);
 void registerKeystrokes(const Workload& work);
 void registerSaving(const Workload& work);
 void registerValidation(const Workload& work);
+void registerWindow(const Workload& work);
 
 }  // namespace vantry::bench

@@ -22,6 +22,7 @@ int main(int count, char** arguments) {
         registerKeystrokes(work);
         registerSaving(work);
         registerValidation(work);
+        registerWindow(work);
         benchmark::RunSpecifiedBenchmarks();
         std::filesystem::remove_all(work.scratch);
     } catch (const std::exception& failure) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QLocale>
 #include <QTemporaryDir>
 
 #include "Vantry/app/VantryApplication.h"
@@ -13,8 +14,9 @@ int main(int argc, char** argv) {
     // No screen is needed, and none is wanted while tests are listed or run.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Times on screen are the machine's: the tests have one of their own.
+    // Times on screen are the machine's, in the person's locale: the tests have ones of their own.
     qputenv("TZ", "Asia/Shanghai");
+    QLocale::setDefault(QLocale::c());
     const QTemporaryDir runtime;
     if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
         qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
