@@ -25,6 +25,8 @@ DesktopSetting::DesktopSetting(const QString& group, const QString& name, QObjec
     : QObject(parent)
     , space(group)
     , key(name) {
+    // Qt finds the slot below by the name of this type, which it knows only from its first use on.
+    qRegisterMetaType<QDBusVariant>();
     ask();
 }
 
