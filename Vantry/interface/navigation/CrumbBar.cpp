@@ -1,5 +1,7 @@
 #include "Vantry/interface/navigation/CrumbBar.h"
 
+#include <algorithm>
+
 #include <QHBoxLayout>
 
 #include "Vantry/app/QtText.h"
@@ -63,6 +65,33 @@ void CrumbBar::refresh(const std::vector<Crumb>& trail, const Route& route) {
         step.button->setEnabled(step.route != route);
     }
     setVisible(!trail.empty());
+    share();
+}
+
+void CrumbBar::share() {
+    int room = width() - 2 * Metrics::paddingPage + Metrics::paddingInline;
+    room = std::min(room, Metrics::pageWidth + Metrics::paddingInline);
+    std::vector<Button*> shown;
+    for (const Step& step : steps) {
+        if (step.button->isHidden())
+            continue;
+        shown.push_back(step.button);
+        if (step.slash != nullptr)
+            room -= step.slash->sizeHint().width();
+    }
+    const auto wanted = [](const Button* button) { return button->sizeHint().width(); };
+    std::sort(shown.begin(), shown.end(), [&](auto* a, auto* b) { return wanted(a) < wanted(b); });
+    auto left = static_cast<int>(shown.size());
+    for (Button* button : shown) {
+        const int given = std::min(wanted(button), std::max(room, 0) / left--);
+        button->setFixedWidth(given);
+        room -= given;
+    }
+}
+
+void CrumbBar::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    share();
 }
 
 }  // namespace vantry

@@ -26,6 +26,9 @@ public:
 signals:
     void routePressed(const vantry::Route& route);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     struct Step {
         Label* slash = nullptr;  ///< none in front of the first
@@ -34,6 +37,8 @@ private:
     };
 
     void addStep();
+    /// Where there is not room for all, short titles stay whole and long ones share what is left.
+    void share();
 
     QHBoxLayout* row;
     std::vector<Step> steps;

@@ -18,12 +18,17 @@ protected:
             store->addAct(store->addProject(Text("Production " + std::to_string(count)), ""));
         settle();
     }
+    struct Seen {
+        QPointer<QWidget> widget;
+        std::string what;
+    };
     /// Everything in the window that can be seen.
-    [[nodiscard]] std::vector<QPointer<QWidget>> seen() const {
-        std::vector<QPointer<QWidget>> all;
+    [[nodiscard]] std::vector<Seen> seen() const {
+        std::vector<Seen> all;
         for (auto* widget : window->findChildren<QWidget*>())
             if (widget->isVisible())
-                all.emplace_back(widget);
+                all.push_back({widget, widget->metaObject()->className() + std::string(" ") +
+                                           widget->accessibleName().toStdString()});
         return all;
     }
     void change() {
@@ -38,6 +43,7 @@ TEST_F(StandstillTest, EveryWidgetOfEveryPageStays) {
     VantryMotionPreference still;
     still.setChoice(true);
     click(QStringLiteral("全部展开"));
+    go(Route::search());
     for (const Route& place :
          {Route::library(), Route::project(project), Route::act(project, act), shotRoute(), takeRoute(),
           Route::search(), Route::calendar(), Route::settings(), Route::project(Identifier::random())}) {
@@ -45,10 +51,9 @@ TEST_F(StandstillTest, EveryWidgetOfEveryPageStays) {
         const auto before = seen();
         for (int times = 0; times < 2; ++times) {
             change();
-            for (const auto& widget : before) {
-                ASSERT_FALSE(widget.isNull()) << "something was made anew";
-                EXPECT_TRUE(widget->isVisible())
-                    << widget->metaObject()->className() << " " << widget->accessibleName().toStdString();
+            for (const auto& [widget, what] : before) {
+                ASSERT_FALSE(widget.isNull()) << what << " was made anew";
+                EXPECT_TRUE(widget->isVisible()) << what;
             }
         }
     }
