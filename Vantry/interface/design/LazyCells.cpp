@@ -129,12 +129,15 @@ void LazyCells::bringIn() {
         cell->setGeometry(place(index));
         cell->show();
     }
+    // What has just left may come back: it goes when it is twice as far.
+    const QRect keeping = near.adjusted(0, -near.height() / 3, 0, near.height() / 3);
     for (const QByteArray& key : cells.keys()) {
         if (wanted.contains(key))
             continue;
         QWidget& cell = *cells[key];
-        if (hasFocusWithin(cell))
-            cell.setGeometry(place(keys.indexOf(key)));
+        const QRect where = place(keys.indexOf(key));
+        if (where.intersects(keeping) || hasFocusWithin(cell))
+            cell.setGeometry(where);
         else
             drop(key);
     }

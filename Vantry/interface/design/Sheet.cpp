@@ -3,13 +3,17 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QPainter>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include "Vantry/interface/design/Accessibility.h"
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Label.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/Surface.h"
+#include "Vantry/interface/design/VantrySheetFrame.h"
 
 namespace vantry {
 namespace {
@@ -43,12 +47,54 @@ private:
     const int radius;
 };
 
+/// What a sheet has between its title and its buttons. It scrolls where the window is too low for all of it.
+class SheetBody final : public QScrollArea {
+public:
+    explicit SheetBody(QWidget* parent)
+        : QScrollArea(parent)
+        , inside(new QWidget) {
+        setFrameShape(QFrame::NoFrame);
+        setWidgetResizable(true);
+        setFocusPolicy(Qt::NoFocus);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        viewport()->setAutoFillBackground(false);
+        setWidget(inside);
+        inside->setAutoFillBackground(false);
+        inside->installEventFilter(this);
+        QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+        policy.setHeightForWidth(true);
+        setSizePolicy(policy);
+    }
+
+    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+    [[nodiscard]] int heightForWidth(int width) const override {
+        const QLayout& lines = *inside->layout();
+        return lines.hasHeightForWidth() ? lines.totalHeightForWidth(width) : lines.totalSizeHint().height();
+    }
+    [[nodiscard]] QSize sizeHint() const override { return inside->sizeHint(); }
+    [[nodiscard]] QSize minimumSizeHint() const override { return QSize(0, 0); }
+
+protected:
+    /// What is inside asks for another height: so does this, and at once.
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::LayoutRequest) {
+            updateGeometry();
+            QCoreApplication::sendPostedEvents(window(), QEvent::LayoutRequest);
+        }
+        return QScrollArea::eventFilter(watched, event);
+    }
+
+private:
+    QWidget* inside;
+};
+
 }  // namespace
 
 Sheet::Sheet(QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint)
     , heading(new Label(VantryType::Role::heading, &Palette::ink, Label::Length::wrapped, this))
-    , column(new QVBoxLayout)
+    , body(new SheetBody(this))
+    , column(new QVBoxLayout(body->widget()))
     , row(new QHBoxLayout) {
     installAccessibility();
     setWindowModality(Qt::WindowModal);
@@ -57,11 +103,12 @@ Sheet::Sheet(QWidget* parent)
     outer->setContentsMargins(Metrics::paddingDialog, Metrics::paddingDialog, Metrics::paddingDialog,
                               Metrics::paddingDialog);
     outer->setSpacing(Metrics::gapBlock);
+    column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(Metrics::gapField);
     row->setSpacing(Metrics::gapInline);
     row->addStretch();
     outer->addWidget(heading);
-    outer->addLayout(column);
+    outer->addWidget(body, 1);
     outer->addLayout(row);
     outer->setSizeConstraint(QLayout::SetNoConstraint);
 }
@@ -77,9 +124,9 @@ QWidget* Sheet::topmostOver(QWidget& window) {
 
 bool Sheet::event(QEvent* event) {
     const bool handled = QDialog::event(event);
-    // As wide as all sheets are, and as high as its wrapped texts need at that width.
+    // As wide as all sheets are, and as high as its wrapped texts need at that width and the window allows.
     if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show)
-        setFixedSize(Metrics::dialogWidth, layout()->totalHeightForWidth(Metrics::dialogWidth));
+        fit();
     if (event->type() == QEvent::Show)
         appear();
     else if (event->type() == QEvent::Hide)
@@ -106,6 +153,27 @@ void Sheet::disappear() {
     delete layer;
 }
 
+void Sheet::fit() {
+    body->setVisible(!column->isEmpty());
+    const QSize wanted(Metrics::dialogWidth, layout()->totalHeightForWidth(Metrics::dialogWidth));
+    setFixedSize(VantrySheetFrame::size(wanted, parentWidget()));
+}
+
+void Sheet::keyPressEvent(QKeyEvent* event) {
+    QScrollBar& bar = *body->verticalScrollBar();
+    const QList<std::pair<Qt::Key, QAbstractSlider::SliderAction>> ways{
+        {Qt::Key_Up, QAbstractSlider::SliderSingleStepSub},
+        {Qt::Key_Down, QAbstractSlider::SliderSingleStepAdd},
+        {Qt::Key_PageUp, QAbstractSlider::SliderPageStepSub},
+        {Qt::Key_PageDown, QAbstractSlider::SliderPageStepAdd}};
+    for (const auto& [key, way] : ways)
+        if (event->key() == key && bar.maximum() > 0) {
+            bar.triggerAction(way);
+            return;
+        }
+    QDialog::keyPressEvent(event);
+}
+
 void Sheet::place() {
     move(under->mapToGlobal(under->rect().center()) - rect().center());
 }
@@ -114,6 +182,7 @@ bool Sheet::eventFilter(QObject* watched, QEvent* event) {
     if (watched == under && layer != nullptr &&
         (event->type() == QEvent::Resize || event->type() == QEvent::Move)) {
         layer->setGeometry(under->rect());
+        fit();
         place();
     }
     return QDialog::eventFilter(watched, event);

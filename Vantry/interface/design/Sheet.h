@@ -5,13 +5,16 @@
 #include <QPointer>
 #include <QVBoxLayout>
 
+class QScrollArea;
+
 namespace vantry {
 
 class Button;
 class Label;
 
 /// A small dialog over a window: a title, its content, buttons at the right. It is window-modal and stands in
-/// the middle of its window, which lies under a layer meanwhile; show it by `open()`.
+/// the middle of its window, which lies under a layer meanwhile; show it by `open()`. Where the window is too
+/// low for it, what is between title and buttons scrolls.
 class Sheet : public QDialog {
     Q_OBJECT
 
@@ -33,16 +36,19 @@ public:
 protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void fit();
     void appear();
     void disappear();
     void place();
 
     Label* heading;
     Label* message = nullptr;
+    QScrollArea* body;
     QVBoxLayout* column;
     QHBoxLayout* row;
     QPointer<QWidget> under;

@@ -135,7 +135,7 @@ TEST_F(LazyCellsTest, ScrollingBringsOthersInAndLetsTheFirstGo) {
     scroll(5000 * step);
     EXPECT_NE(cells->cell("5000"), nullptr);
     EXPECT_EQ(cells->cell("0"), nullptr);
-    EXPECT_LE(cells->existing(), 3 * 300 / step + 3);
+    EXPECT_LE(cells->existing(), 5 * 300 / step + 5);
     EXPECT_GE(seen().size(), 300 / step);
     scroll(area->verticalScrollBar()->maximum());
     EXPECT_NE(cells->cell("9999"), nullptr);
