@@ -44,7 +44,7 @@ const VantryMotion& VantryMotion::arrival() {
 }
 
 bool vantryReduceMotion() noexcept {
-    return VantryReducedMotionKey::value;
+    return VantryReducedMotionKey::value();
 }
 
 }  // namespace vantry

@@ -13,7 +13,7 @@ VantryMotionPreference::VantryMotionPreference(QObject* parent)
 }
 
 VantryMotionPreference::~VantryMotionPreference() {
-    VantryReducedMotionKey::value = VantryReducedMotionKey::defaultValue;
+    wish(false);
 }
 
 void VantryMotionPreference::setChoice(bool reduced) {
@@ -26,7 +26,13 @@ bool VantryMotionPreference::isReducedByDesktop() const {
 }
 
 void VantryMotionPreference::apply() {
-    VantryReducedMotionKey::value = choice || desktop->isReduced();
+    wish(choice || desktop->isReduced());
+}
+
+void VantryMotionPreference::wish(bool reduced) {
+    if (wished != reduced)
+        VantryReducedMotionKey::wishes += reduced ? 1 : -1;
+    wished = reduced;
 }
 
 }  // namespace vantry

@@ -6,7 +6,9 @@ namespace vantry {
 /// writes it.
 struct VantryReducedMotionKey {
     static constexpr bool defaultValue = false;
-    inline static bool value = defaultValue;
+    /// How many preferences want the interface to hold still.
+    inline static int wishes = 0;
+    [[nodiscard]] static bool value() noexcept { return wishes > 0 || defaultValue; }
 };
 
 }  // namespace vantry

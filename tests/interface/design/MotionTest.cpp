@@ -63,6 +63,20 @@ TEST(VantryMotionPreferenceTest, ThePersonOrTheDesktopHoldsTheInterfaceStill) {
     EXPECT_FALSE(vantryReduceMotion()) << "it ends with the preference";
 }
 
+TEST(VantryMotionPreferenceTest, OneThatWantsItIsEnough) {
+    VantryMotionPreference first;
+    first.setChoice(true);
+    {
+        VantryMotionPreference second;
+        second.setChoice(false);
+        EXPECT_TRUE(vantryReduceMotion());
+        second.setChoice(true);
+        first.setChoice(false);
+        EXPECT_TRUE(vantryReduceMotion());
+    }
+    EXPECT_FALSE(vantryReduceMotion());
+}
+
 TEST(VantryMotionPreferenceTest, EitherSettingOfTheDesktopCounts) {
     VantryMotionPreference preference;
     tell(preference, "org.gnome.desktop.interface", "enable-animations", false);
