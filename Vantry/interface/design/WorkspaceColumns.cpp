@@ -34,7 +34,9 @@ void WorkspaceColumns::setGeometry(const QRect& place) {
         for (std::size_t index = first; index < end; ++index) {
             // The second column ends on the right edge, whatever the halves round to.
             const int left = index == first ? place.left() : place.left() + place.width() - width;
-            parts[index]->setGeometry({left, top, width, height});
+            // What cannot be as high as its row begins where the row begins: Qt would centre it.
+            parts[index]->setGeometry(
+                {left, top, width, std::min(height, parts[index]->maximumSize().height())});
         }
         top += height + gap;
     }

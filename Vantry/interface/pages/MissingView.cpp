@@ -1,25 +1,19 @@
 #include "Vantry/interface/pages/MissingView.h"
 
-#include <QVBoxLayout>
-
 #include "Vantry/interface/design/Button.h"
-#include "Vantry/interface/design/Card.h"
 #include "Vantry/interface/design/EmptyViewCard.h"
-#include "Vantry/interface/design/Metrics.h"
+#include "Vantry/interface/design/PageColumn.h"
 
 namespace vantry {
 
 MissingView::MissingView(PageContext given, QWidget* parent)
     : StorePage(std::move(given), parent)
-    , card(new EmptyViewCard(Glyph::folder, this))
-    , back(new Button(Button::Kind::primary, Glyph::none, this)) {
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(Metrics::paddingPage, Metrics::paddingPage, Metrics::paddingPage,
-                               Metrics::paddingPage);
-    column->setSpacing(Metrics::gapBlock);
-    column->addWidget(card);
-    column->addWidget(back, 0, Qt::AlignHCenter);
-    column->addStretch();
+    , card(new EmptyViewCard(Glyph::folder))
+    , back(new Button(Button::Kind::primary)) {
+    auto& content = crewPage(this, PageColumn::Above::crumbs)->content();
+    content.addWidget(card);
+    content.addWidget(back, 0, Qt::AlignHCenter);
+    content.addStretch();
     connect(back, &Button::clicked, this, performing([this](bool) { go(Route::library()); }));
 }
 
