@@ -7,7 +7,6 @@
 #include <QCache>
 #include <QFile>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPixmap>
 #include <QSvgRenderer>
 
@@ -184,26 +183,6 @@ void paintGlyph(QPainter& painter, Glyph glyph, const QRectF& place, const QColo
         painter.setOpacity(painter.opacity() * colour.alphaF());
         paintPicture(painter, {glyph, strokeWidth(side), 0, colour.rgb(), filled || source.filled}, middle);
     }
-    painter.restore();
-}
-
-void paintBrandMark(QPainter& painter, const QRectF& place, const QColor& colour) {
-    constexpr qreal width = 30;
-    constexpr qreal height = 36;
-    constexpr qreal corner = 5;
-    QPainterPath path;
-    path.setFillRule(Qt::OddEvenFill);
-    path.addRoundedRect(0, 0, width, height, corner, corner);
-    for (const qreal top : {5.0, 15.75, 26.5})
-        path.addRect(3, top, 4, 4.5);
-    path.addPolygon(
-        QPolygonF({{10.5, 8}, {16.6, 28.5}, {20.9, 28.5}, {27, 8}, {22.6, 8}, {18.75, 22.4}, {14.9, 8}}));
-    path.closeSubpath();
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(place.topLeft());
-    painter.scale(place.width() / width, place.height() / height);
-    painter.fillPath(path, colour);
     painter.restore();
 }
 

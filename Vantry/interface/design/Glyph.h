@@ -86,7 +86,4 @@ struct GlyphSource {
 void paintGlyph(QPainter& painter, Glyph glyph, const QRectF& place, const QColor& colour,
                 bool filled = false);
 
-/// Draws the brand mark, a perforated page, into `place`.
-void paintBrandMark(QPainter& painter, const QRectF& place, const QColor& colour);
-
 }  // namespace vantry
