@@ -12,6 +12,7 @@
 #include "tests/documents/PictureSamples.h"
 #include "tests/documents/PrintedFile.h"
 #include "tests/documents/SampleProject.h"
+#include "tests/support/InkGrid.h"
 
 namespace vantry::test {
 namespace {
@@ -19,52 +20,15 @@ namespace {
 constexpr double dotsPerInch = 50;
 constexpr int cell = 8;  ///< dots; a little less than a line of text
 
-/// How dark each cell of a page is, from 0 to 1, softened so that a shift of a dot or two does not count.
-class InkGrid {
-public:
-    explicit InkGrid(const QImage& page)
-        : across((page.width() + cell - 1) / cell)
-        , down((page.height() + cell - 1) / cell)
-        , ink(static_cast<std::size_t>(across * down)) {
-        for (int y = 0; y < page.height(); ++y)
-            for (int x = 0; x < page.width(); ++x)
-                at(x / cell, y / cell) += (255 - qGray(page.pixel(x, y))) / 255.0 / (cell * cell);
-    }
-    /// In how many cells the pages differ by more than fonts may.
-    [[nodiscard]] int cellsUnlike(const InkGrid& other) const {
-        if (across != other.across || down != other.down)
-            return across * down;
-        int count = 0;
-        for (int y = 0; y < down; ++y)
-            for (int x = 0; x < across; ++x)
-                count += isUnlike(other, x, y) || other.isUnlike(*this, x, y) ? 1 : 0;
-        return count;
-    }
-
-private:
-    [[nodiscard]] double& at(int x, int y) { return ink[static_cast<std::size_t>(y * across + x)]; }
-    [[nodiscard]] double at(int x, int y) const { return ink[static_cast<std::size_t>(y * across + x)]; }
-    /// Whether this cell is darker or lighter than anything in and around that place of the other page.
-    [[nodiscard]] bool isUnlike(const InkGrid& other, int x, int y) const {
-        constexpr double allowed = 0.05;
-        double least = 1;
-        double most = 0;
-        for (int i = std::max(0, y - 1); i <= std::min(down - 1, y + 1); ++i)
-            for (int j = std::max(0, x - 1); j <= std::min(across - 1, x + 1); ++j) {
-                least = std::min(least, other.at(j, i));
-                most = std::max(most, other.at(j, i));
-            }
-        return at(x, y) > most * 1.3 + allowed || at(x, y) < least * 0.7 - allowed;
-    }
-
-    int across;
-    int down;
-    std::vector<double> ink;
-};
+/// How dark a page is, softened so that a shift of a dot or two does not count.
+InkGrid inkOf(const QImage& page) {
+    return {page, cell, [](QRgb colour) { return (255 - qGray(colour)) / 255.0; }};
+}
 
 bool looksAlike(const QImage& page, const QImage& golden) {
     constexpr int mostUnlike = 45;
-    return InkGrid(page).cellsUnlike(InkGrid(golden)) <= mostUnlike;
+    constexpr InkGrid::Tolerance ofFonts{.share = 0.3, .more = 0.05};
+    return inkOf(page).cellsUnlike(inkOf(golden), ofFonts) <= mostUnlike;
 }
 
 /// The sample, made so short that something of every block stands on the first page.
