@@ -16,6 +16,7 @@
 #include "Vantry/app/QtText.h"
 #include "Vantry/app/VantryApplication.h"
 #include "Vantry/app/VantryStore.h"
+#include "Vantry/interface/design/VantryMotionPreference.h"
 #include "Vantry/interface/design/VantryType.h"
 #include "Vantry/interface/navigation/RootView.h"
 #include "bench/Workload.h"
@@ -64,6 +65,8 @@ class OpenWindow {
 public:
     explicit OpenWindow(const Workload& work) {
         makeApplication();
+        // What is measured is the work, not its show.
+        still.emplace().setChoice(true);
         std::filesystem::create_directories(work.scratch);
         folder.emplace(toQString(Text(work.scratch.string())) + QStringLiteral("/window"));
         const std::filesystem::path root = folder->path().toStdString();
@@ -94,6 +97,7 @@ public:
         settle();
     }
 
+    std::optional<VantryMotionPreference> still;
     StillClock clock;
     std::optional<QTemporaryDir> folder;
     std::optional<VantryStore> store;

@@ -4,6 +4,7 @@
 #include <QScrollBar>
 
 #include "Vantry/interface/design/VantryMotionPreference.h"
+#include "Vantry/interface/design/VantryPageArrival.h"
 #include "tests/interface/window/WindowFixture.h"
 
 namespace vantry::test {
@@ -48,6 +49,7 @@ TEST_F(StandstillTest, EveryWidgetOfEveryPageStays) {
          {Route::library(), Route::project(project), Route::act(project, act), shotRoute(), takeRoute(),
           Route::search(), Route::calendar(), Route::settings(), Route::project(Identifier::random())}) {
         go(place);
+        QTRY_VERIFY(window->findChildren<VantryPageArrival*>().isEmpty());
         const auto before = seen();
         for (int times = 0; times < 2; ++times) {
             change();
