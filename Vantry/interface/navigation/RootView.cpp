@@ -26,6 +26,7 @@
 #include "Vantry/interface/pages/Contained.h"
 #include "Vantry/interface/pages/MissingView.h"
 #include "Vantry/interface/routes/Crumbs.h"
+#include "Vantry/interface/routes/PageEnvironment.h"
 #include "Vantry/interface/settings/SettingsView.h"
 #include "Vantry/interface/shots/ActView.h"
 #include "Vantry/interface/shots/NewTake.h"
@@ -39,7 +40,10 @@ namespace vantry {
 RootView::RootView(VantryStore& opened, AppDelegate& guard)
     : store(opened)
     , delegate(guard)
-    , context{store, [this](const Route& route) { go(route); }, [this] { refreshSoon(); }} {
+    , context{store, [this](const Route& route) { go(route); }, [this] { refreshSoon(); }}
+    , pageMemory(std::make_shared<PageMemory>())
+    , places([this](const Route& route) { pageMemory->active = route; }) {
+    pageMemory->onChange([this] { refreshSoon(); });
     VantryStyle::install();
     appearance = new Appearance(this);
     motion = new VantryMotionPreference(this);
@@ -131,6 +135,7 @@ void RootView::showPage() {
     Page* const old = page;
     const bool hadFocus = old != nullptr && old->isAncestorOf(focusWidget());
     page = makePage(places.route());
+    new PageEnvironment(*page, pageMemory, places.route());
     pagePlace->addWidget(page);
     page->stackUnder(statusLine);
     if (old != nullptr) {

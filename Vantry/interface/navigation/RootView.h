@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 
 #include <QMainWindow>
 #include <QPointer>
@@ -8,6 +9,7 @@
 #include "Vantry/app/VantryStore.h"
 #include "Vantry/interface/pages/PageContext.h"
 #include "Vantry/interface/routes/Navigation.h"
+#include "Vantry/interface/routes/PageMemory.h"
 
 class QVBoxLayout;
 
@@ -64,6 +66,7 @@ private:
     VantryStore& store;
     AppDelegate& delegate;
     const PageContext context;
+    const std::shared_ptr<PageMemory> pageMemory;
     Navigation places;
     Appearance* appearance = nullptr;
     VantryMotionPreference* motion = nullptr;
