@@ -71,6 +71,7 @@ void Label::setPlain(const QString& plain) {
         return;
     setText(plain);
     setAccessibleName(plain);
+    forgetSizes();
     updateGeometry();
 }
 
@@ -80,6 +81,7 @@ void Label::setMostLines(int lines) {
     mostLines = lines;
     // What is cut helps those who point at it.
     setAttribute(Qt::WA_TransparentForMouseEvents, length == Length::wrapped && mostLines == 0);
+    forgetSizes();
     updateGeometry();
 }
 
@@ -98,7 +100,20 @@ void Label::setStruckOut(bool struck) {
     setFont(changed);
 }
 
+void Label::forgetSizes() {
+    hint.reset();
+    heightAtWidth.reset();
+}
+
+void Label::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange)
+        forgetSizes();
+    QLabel::changeEvent(event);
+}
+
 QSize Label::sizeHint() const {
+    if (hint)
+        return *hint;
     const int lineHeight = VantryType::lineHeight(role);
     int width = 0;
     int lines = 0;
@@ -108,18 +123,29 @@ QSize Label::sizeHint() const {
     }
     if (mostLines > 0)
         lines = std::min(lines, mostLines);
-    return {width, length == Length::wrapped ? lines * lineHeight : lineHeight};
+    hint = QSize(width, length == Length::wrapped ? lines * lineHeight : lineHeight);
+    return *hint;
 }
 
 QSize Label::minimumSizeHint() const {
-    const int few = fontMetrics().horizontalAdvance(QStringLiteral("MM…"));
+    // Room for two letters and the sign of a cut.
+    const int few = 2 * VantryType::lineHeight(role);
     return {std::min(few, sizeHint().width()), VantryType::lineHeight(role)};
 }
 
 int Label::heightForWidth(int width) const {
+    if (heightAtWidth && heightAtWidth->first == width)
+        return heightAtWidth->second;
+    // A text that fits in one line needs no breaking.
+    const int lineHeight = VantryType::lineHeight(role);
+    if (sizeHint().width() <= width) {
+        heightAtWidth = {width, sizeHint().height()};
+        return heightAtWidth->second;
+    }
     QTextLayout layout(withLineSeparators(text()), font());
     configure(layout, alignment());
-    return breakLines(layout, width, VantryType::lineHeight(role), mostLines) * VantryType::lineHeight(role);
+    heightAtWidth = {width, breakLines(layout, width, lineHeight, mostLines) * lineHeight};
+    return heightAtWidth->second;
 }
 
 QString Label::shownLine() const {

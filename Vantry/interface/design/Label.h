@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <utility>
+
 #include <QLabel>
 
 #include "Vantry/interface/design/Palette.h"
@@ -34,9 +37,11 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void forgetSizes();
     /// The one line of a text that may be cut, cut or not.
     [[nodiscard]] QString shownLine() const;
     /// Whether something of the text is not to be seen.
@@ -46,6 +51,9 @@ private:
     Palette::Token colour;
     const Length length;
     int mostLines = 0;
+    // What the text takes, until it or its font changes: layouts ask many times.
+    mutable std::optional<QSize> hint;
+    mutable std::optional<std::pair<int, int>> heightAtWidth;
 };
 
 }  // namespace vantry

@@ -71,12 +71,13 @@ QRect LazyCells::place(qsizetype index) const {
     return {left, row * (shape.height + shape.gap), cellWidth, shape.height};
 }
 
-/// What lies in the visible part of the page, or not further from it than that part is high.
+/// What lies in the visible part of the page, or not further from it than half of its height.
 QRect LazyCells::nearby() const {
     if (area == nullptr)
         return {0, 0, width(), heightForWidth(width())};
     const QWidget& view = *area->viewport();
-    return {mapFrom(&view, QPoint(0, 0)) - QPoint(0, view.height()), QSize(width(), 3 * view.height())};
+    const int margin = view.height() / 2;
+    return QRect(mapFrom(&view, QPoint(0, 0)), QSize(width(), view.height())).adjusted(0, -margin, 0, margin);
 }
 
 void LazyCells::setKeys(QList<QByteArray> wanted) {
@@ -129,8 +130,8 @@ void LazyCells::bringIn() {
         cell->setGeometry(place(index));
         cell->show();
     }
-    // What has just left may come back: it goes when it is twice as far.
-    const QRect keeping = near.adjusted(0, -near.height() / 3, 0, near.height() / 3);
+    // What has just left may come back: it goes when it is further.
+    const QRect keeping = near.adjusted(0, -near.height() / 2, 0, near.height() / 2);
     for (const QByteArray& key : cells.keys()) {
         if (wanted.contains(key))
             continue;
