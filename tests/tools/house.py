@@ -59,7 +59,7 @@ PLACES = {
 }
 
 PRODUCT = ("VantryCore", "Vantry")
-BESIDE = ("tests", "bench", "conformance", "fuzz")  # may include everything; nothing includes them but themselves
+BESIDE = ("tests", "bench", "conformance", "fuzz", "gallery")  # may include everything; nothing includes them but themselves
 LONGEST_HEADER = 160
 LONGEST_SOURCE = 600
 

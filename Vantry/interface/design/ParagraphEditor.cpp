@@ -175,7 +175,10 @@ ParagraphField::ParagraphField(int height, QWidget* parent)
     column->setSpacing(Metrics::gapInline);
     column->addWidget(label);
     column->addWidget(frame, 1);
-    connect(text, &ParagraphEditor::focusChanged, this, [this] { update(); });
+    connect(text, &ParagraphEditor::focusChanged, this, [this](bool now) {
+        focused = now;
+        update();
+    });
 }
 
 void ParagraphField::setTitle(const QString& title, const QString& hint) {
@@ -187,8 +190,8 @@ void ParagraphField::paintEvent(QPaintEvent*) {
     const Palette& palette = Palette::of(*this);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const qreal width = text->hasFocus() ? Metrics::focusedFrame : Metrics::hairline;
-    painter.setPen(QPen(text->hasFocus() ? palette.link : palette.rule, width));
+    const qreal width = focused ? Metrics::focusedFrame : Metrics::hairline;
+    painter.setPen(QPen(focused ? palette.link : palette.rule, width));
     painter.setBrush(palette.card);
     painter.drawRoundedRect(QRectF(frame->geometry()).adjusted(width / 2, width / 2, -width / 2, -width / 2),
                             Metrics::radiusTrack, Metrics::radiusTrack);

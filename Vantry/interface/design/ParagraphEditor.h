@@ -72,6 +72,7 @@ private:
     Label* label;
     QWidget* frame;
     ParagraphEditor* text;
+    bool focused = false;
 };
 
 }  // namespace vantry

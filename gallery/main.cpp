@@ -1,20 +1,20 @@
 #include <cstdio>
-
-#include <gtest/gtest.h>
+#include <cstdlib>
 
 #include "Vantry/app/VantryApplication.h"
+#include "Vantry/interface/design/VantryStyle.h"
 #include "Vantry/interface/design/VantryType.h"
+#include "gallery/Gallery.h"
 
 int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    // No screen is needed, and none is wanted while tests are listed or run.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
     vantry::VantryApplication application(argc, argv);
     if (!vantry::VantryType::registerFonts(QCoreApplication::applicationDirPath() +
                                            QStringLiteral("/Vantry_Vantry.rcc"))) {
-        std::fputs("the resource file is missing\n", stderr);
-        return 1;
+        std::fputs("unable to find bundle named Vantry_Vantry\n", stderr);
+        return EXIT_FAILURE;
     }
-    return RUN_ALL_TESTS();
+    vantry::VantryStyle::install();
+    vantry::gallery::Gallery gallery;
+    gallery.show();
+    return QCoreApplication::exec();
 }
