@@ -56,8 +56,7 @@ public:
     [[nodiscard]] bool english() const;
     [[nodiscard]] const Text& appearance() const noexcept { return *appearance_; }
     void setAppearance(const Text& appearance);
-    /// What is stored of it: the store holds no such choice itself, and tells no change.
-    [[nodiscard]] bool reducesMotion() const;
+    [[nodiscard]] bool reducesMotion() const;  ///< as it is stored; a change is not told
 
     [[nodiscard]] const std::optional<Text>& error() const noexcept { return *error_; }
     void setError(std::optional<Text> text) { error_.set(std::move(text)); }

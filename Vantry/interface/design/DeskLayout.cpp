@@ -15,7 +15,12 @@ DeskLayout::DeskLayout(int widthOfSide, int between, QWidget* parent)
 
 void DeskLayout::addPart(QWidget* part, Place place, int above) {
     addWidget(part);
-    roles.push_back({itemAt(count() - 1), place, above});
+    roles.back() = {itemAt(count() - 1), place, above};
+}
+
+void DeskLayout::addItem(QLayoutItem* item) {
+    PartsLayout::addItem(item);
+    roles.push_back({item, Place::main, gap});
 }
 
 QLayoutItem* DeskLayout::takeAt(int index) {

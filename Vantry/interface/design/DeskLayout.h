@@ -19,6 +19,8 @@ public:
     /// `above` is the space over the part, unless it is the first of its column.
     void addPart(QWidget* part, Place place, int above);
 
+    /// An item that comes another way stands in the main column.
+    void addItem(QLayoutItem* item) override;
     QLayoutItem* takeAt(int index) override;
     [[nodiscard]] int heightForWidth(int width) const override;
     void setGeometry(const QRect& rectangle) override;
