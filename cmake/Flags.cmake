@@ -30,6 +30,10 @@ if(VANTRY_SANITIZE)
 endif()
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
+# Code of tests runs for seconds and is compiled often: half the optimisation is done in little more than half the
+# time. Position independent as the libraries are, so that they can share precompiled headers.
+set(VANTRY_TEST_OPTIONS $<$<CONFIG:Release>:-Og> -fPIC)
+
 # A compiler cache and a fast linker are used where they are installed; nothing depends on them.
 find_program(VANTRY_CCACHE ccache)
 if(VANTRY_CCACHE)
