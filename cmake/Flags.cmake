@@ -37,7 +37,7 @@ set(VANTRY_TEST_OPTIONS $<$<CONFIG:Release>:-Og> -fPIC)
 # A compiler cache and a fast linker are used where they are installed; nothing depends on them.
 find_program(VANTRY_CCACHE ccache)
 if(VANTRY_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${VANTRY_CCACHE}")
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_CURRENT_LIST_DIR}/ccache")
 endif()
 find_program(VANTRY_MOLD mold)
 if(VANTRY_MOLD AND NOT APPLE)
