@@ -16,8 +16,7 @@ std::unique_ptr<DelayedCall> Sample::StillClock::callAfter(std::chrono::millisec
 
 Sample::Sample()
     : savedStore(storeIn("saved"))
-    , pendingStore(storeIn("pending"))
-    , failedStore() {
+    , pendingStore(storeIn("pending")) {
     fill(*savedStore);
     savedStore->flush();
 

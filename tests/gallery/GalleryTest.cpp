@@ -26,7 +26,6 @@
 namespace vantry::test {
 namespace {
 
-using gallery::Board;
 using gallery::Gallery;
 
 struct Look {
