@@ -38,7 +38,8 @@ void ExportMenu::open() {
     menu->setAttribute(Qt::WA_DeleteOnClose);
     addDocuments(*menu);
     addCallSheets(*menu, *project);
-    menu->popup(mapToGlobal(QPoint(0, height())));
+    // Both end on the page's right edge.
+    menu->popup(mapToGlobal(QPoint(width() - menu->sizeHint().width(), height())));
 }
 
 void ExportMenu::addDocuments(QMenu& menu) {

@@ -10,7 +10,8 @@ namespace {
 
 QWidget* makeHolder() {
     auto* holder = new QWidget;
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    // Not the height of its hint at least: that belongs to another width.
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     holder->setSizePolicy(policy);
     return holder;

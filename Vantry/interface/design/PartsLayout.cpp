@@ -38,8 +38,10 @@ std::vector<QLayoutItem*> PartsLayout::shownParts() const {
 }
 
 int PartsLayout::heightOf(const QLayoutItem& part, int width) {
-    const int wanted = part.hasHeightForWidth() ? part.heightForWidth(width) : part.sizeHint().height();
-    return std::max(wanted, part.minimumSize().height());
+    // What follows its width has no other least height: that of its hint belongs to another width.
+    if (part.hasHeightForWidth())
+        return part.heightForWidth(width);
+    return std::max(part.sizeHint().height(), part.minimumSize().height());
 }
 
 QSize PartsLayout::sizeHint() const {

@@ -13,6 +13,7 @@
 #include "Vantry/interface/design/WorkspaceMetric.h"
 #include "Vantry/interface/library/PlanRows.h"
 #include "Vantry/interface/library/ProductionCard.h"
+#include "Vantry/interface/pages/JoinedFacts.h"
 #include "Vantry/interface/pages/RowKey.h"
 #include "Vantry/interface/pages/ShootTime.h"
 #include "Vantry/schedule/rules/LibraryOutlook.h"
@@ -155,12 +156,11 @@ void LibraryView::fillUpcoming(QWidget& row, const QByteArray& key) const {
     if (location == nullptr)
         return;
     const Shot& shot = *location->shot;
-    const QString dot = QStringLiteral(" · ");
     static_cast<UpcomingRow&>(row).setContent(
         {QString::fromStdString(
              shootTime(*shot.scheduledAt, store().now(), Zone::machine(), store().english())),
-         toQString(shot.code) + dot + toQString(shot.title),
-         toQString(location->project->title) + dot + toQString(location->act->title)});
+         joinedFacts({toQString(shot.code), toQString(shot.title)}),
+         joinedFacts({toQString(location->project->title), toQString(location->act->title)})});
 }
 
 }  // namespace vantry

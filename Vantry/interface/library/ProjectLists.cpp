@@ -10,6 +10,7 @@
 #include "Vantry/interface/design/FactRow.h"
 #include "Vantry/interface/design/RowList.h"
 #include "Vantry/interface/design/SectionLabel.h"
+#include "Vantry/interface/pages/JoinedFacts.h"
 #include "Vantry/interface/pages/RowKey.h"
 
 namespace vantry {
@@ -91,10 +92,10 @@ void ProjectPeople::fillCrew(QWidget& row, const QByteArray& key) const {
         role = toQString(member->title(store().english()));
         name = member->name;
     }
-    static_cast<FactRow&>(row).setContent({.above = role,
-                                           .name = name.empty() ? text(u"待填写", u"Not set")
-                                                                : toQString(name),
-                                           .isUnset = name.empty()});
+    static_cast<FactRow&>(row).setContent(
+        {.above = role,
+         .name = name.empty() ? text(u"待填写", u"Not set") : toQString(name),
+         .isUnset = name.empty()});
 }
 
 void ProjectPeople::fillCast(QWidget& row, const QByteArray& key) const {
@@ -135,23 +136,20 @@ void ProjectCallSheets::fillSheet(QWidget& row, const QByteArray& key) const {
     const CallSheet* sheet = project ? findByKey(project->callSheets(), key) : nullptr;
     if (sheet == nullptr)
         return;
-    const QString dot = QStringLiteral(" · ");
     const Text& call = (*sheet)["generalCall"];
-    QString below = call.empty() ? text(u"集合时间待填", u"Call time not set") : toQString(call);
-    if (const Text& place = (*sheet)["location"]; !place.empty())
-        below += dot + toQString(place);
+    const QString time = call.empty() ? text(u"集合时间待填", u"Call time not set") : toQString(call);
     static_cast<FactRow&>(row).setContent(
-        {.name = QString::fromStdString(CallSheetPDF::dateText(*sheet)) + dot + toQString((*sheet)["version"]),
-         .below = below});
+        {.name = joinedFacts(
+             {QString::fromStdString(CallSheetPDF::dateText(*sheet)), toQString((*sheet)["version"])}),
+         .below = joinedFacts({time, toQString((*sheet)["location"])})});
 }
 
 ProjectReferences::ProjectReferences(PageContext given, const Identifier& project, QWidget* parent)
     : StorePage(std::move(given), parent)
     , projectID(project)
     , heading(new WorkspaceSection)
-    , references(makeList(Metrics::referenceRowHeight, [this](QWidget& row, const QByteArray& key) {
-        fillReference(row, key);
-    })) {
+    , references(makeList(Metrics::referenceRowHeight,
+                          [this](QWidget& row, const QByteArray& key) { fillReference(row, key); })) {
     fillPage(*this, Metrics::gapBlock, {heading, references});
 }
 

@@ -15,6 +15,7 @@
 #include "Vantry/interface/design/WorkspaceMetric.h"
 #include "Vantry/interface/library/PlanRows.h"
 #include "Vantry/interface/library/ProjectTab.h"
+#include "Vantry/interface/pages/JoinedFacts.h"
 #include "Vantry/interface/pages/RowKey.h"
 #include "Vantry/schedule/rules/LibraryOutlook.h"
 
@@ -34,12 +35,6 @@ const CallSheet* nextCallSheet(const Project& project, Moment now) {
             next = &sheet;
     }
     return next != nullptr ? next : latest;
-}
-
-QString joined(const Text& first, const Text& second) {
-    QStringList texts{toQString(first), toQString(second)};
-    texts.removeAll(QString());
-    return texts.join(QStringLiteral(" · "));
 }
 
 }  // namespace
@@ -145,7 +140,7 @@ void ProjectOverview::fillSummaries(const Project& project) {
     FactRow::Content sheet{Glyph::document, QString(), QStringLiteral("Call Sheet")};
     if (const CallSheet* next = nextCallSheet(project, store().now())) {
         sheet.below = QString::fromStdString(CallSheetPDF::dateText(*next));
-        sheet.further = joined((*next)["generalCall"], (*next)["location"]);
+        sheet.further = joinedFacts({toQString((*next)["generalCall"]), toQString((*next)["location"])});
     } else {
         sheet.below = text(u"还没有通告单", u"No call sheets yet");
     }

@@ -172,8 +172,9 @@ void RootView::goBack() {
 }
 
 void RootView::perform(const std::function<void()>& action) {
-    contain(store, action);
+    // Marked first: an action that shows another page has brought all in line when it ends.
     refreshSoon();
+    contain(store, action);
 }
 
 void RootView::performSettled(void (VantryStore::*operation)()) {

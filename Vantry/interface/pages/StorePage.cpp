@@ -14,8 +14,8 @@ QString StorePage::text(QStringView zh, QStringView en) const {
 }
 
 void StorePage::perform(const std::function<void()>& action) const {
-    contain(store(), action);
     context.refreshSoon();
+    contain(store(), action);
 }
 
 TextBinding StorePage::binding(std::function<std::optional<Text>()> read,

@@ -12,14 +12,6 @@
 #include "Vantry/interface/design/WorkspaceColumns.h"
 
 namespace vantry {
-namespace {
-
-QString shown(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-}  // namespace
-
 ParametersEditor::ParametersEditor(PageContext given, ParametersBinding binding, QWidget* parent)
     : StorePage(std::move(given), parent)
     , parameters(std::move(binding)) {
@@ -57,9 +49,9 @@ QWidget* ParametersEditor::makeSection(const ParameterSection& section) {
 void ParametersEditor::refresh() {
     const bool english = store().english();
     for (const Section& section : sections)
-        section.title->setTexts(shown(english ? section.section->en : section.section->zh));
+        section.title->setTexts(toQString(english ? section.section->en : section.section->zh));
     for (const Field& field : fields) {
-        const QString title = shown(english ? field.setting->en : field.setting->zh);
+        const QString title = toQString(english ? field.setting->en : field.setting->zh);
         field.input->setCaption(title);
         field.input->field().setTitle(title);
         field.input->field().synchronize();

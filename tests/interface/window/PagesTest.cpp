@@ -1,5 +1,6 @@
 // What each page shows and does.
 
+#include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/SegmentedChoice.h"
 #include "tests/interface/window/WindowFixture.h"
 
@@ -38,6 +39,24 @@ TEST_F(PagesTest, TheLibraryListsProductionsWithTheirCounts) {
               QStringLiteral("保留版本 · 导演 · 待填写 · 1 幕 · 1 镜 · 1 已完成"));
     clickOnPage(QStringLiteral("候车室"));
     EXPECT_EQ(route(), Route::project(project));
+}
+
+TEST_F(PagesTest, TheCardsOfTheLibraryTakeTheHeightOfTheirRows) {
+    for (const char* title : {"A", "B", "C", "D"})
+        store->addProject(title, "");
+    settle();
+    for (const QSize size : {QSize(1000, 680), QSize(1380, 900), QSize(1000, 680)}) {
+        window->resize(size);
+        settle();
+        const auto* cards = get<QAbstractButton>(QStringLiteral("A"), &page()).parentWidget();
+        EXPECT_EQ(cards->height(), 3 * Metrics::productionHeight + 2 * Metrics::gapCard);
+        const QWidget& desk = *cards->parentWidget()->parentWidget()->parentWidget();
+        const int end = cards->mapTo(&desk, QPoint(0, cards->height())).y();
+        const auto& next = get<Label>(QStringLiteral("接下来的拍摄"), &page());
+        if (size.width() == 1000) {
+            EXPECT_EQ(next.mapTo(&desk, QPoint()).y(), end + Metrics::gapSection);
+        }
+    }
 }
 
 TEST_F(PagesTest, AProductionIsNamedDirectedAndDescribed) {
