@@ -61,7 +61,7 @@ void ControlStates::settle() {
 
 void ControlStates::showRing() {
     delete shown;
-    if (ring != nullptr && cameByKeyboard)
+    if (ring != nullptr && focused && cameByKeyboard)
         shown = new FocusRing(button, ring->inset, ring->radius, ring->gap);
 }
 
@@ -73,6 +73,9 @@ bool ControlStates::eventFilter(QObject* watched, QEvent* event) {
     // Whatever changes a button has it painted again.
     case QEvent::Paint:
         follow();
+        // Its ring hides where the control was out of sight when the focus came, and does not see it arrive.
+        if (shown != nullptr && shown->isHidden())
+            QMetaObject::invokeMethod(this, [this] { showRing(); }, Qt::QueuedConnection);
         break;
     case QEvent::FocusIn:
         focused = true;
