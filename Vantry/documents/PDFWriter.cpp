@@ -204,7 +204,8 @@ void PDFWriter::footer() {
     const std::string text = "Vantry  ·  " + std::to_string(page);
     pango_layout_set_text(layout, text.data(), static_cast<int>(text.size()));
     cairo_set_source_rgb(context, 0.5, 0.5, 0.5);
-    PrintedLine(pango_layout_get_line_readonly(layout, 0)).draw(context, margin, height - footerRise, canvas->standIns);
+    PrintedLine(pango_layout_get_line_readonly(layout, 0))
+        .draw(context, margin, height - footerRise, canvas->standIns);
 }
 
 void PDFWriter::storyboard(const Shot& shot) {

@@ -75,7 +75,8 @@ bool ControlStates::eventFilter(QObject* watched, QEvent* event) {
         follow();
         // Its ring hides where the control was out of sight when the focus came, and does not see it arrive.
         if (shown != nullptr && shown->isHidden())
-            QMetaObject::invokeMethod(this, [this] { showRing(); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                this, [this] { showRing(); }, Qt::QueuedConnection);
         break;
     case QEvent::FocusIn:
         focused = true;

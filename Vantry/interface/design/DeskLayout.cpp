@@ -46,8 +46,8 @@ int DeskLayout::arrange(int width, const QPoint* origin) const {
         const int top = bottom + (bottom > 0 ? role.above : 0);
         const int height = heightOf(*part, partWidth);
         if (origin != nullptr)
-            part->setGeometry({origin->x() + (aside ? width - partWidth : 0), origin->y() + top, partWidth,
-                               height});
+            part->setGeometry(
+                {origin->x() + (aside ? width - partWidth : 0), origin->y() + top, partWidth, height});
         bottom = top + height;
     }
     return std::max(mainBottom, sideBottom);

@@ -58,8 +58,7 @@ void FactRow::paintEvent(QPaintEvent*) {
     if (glyph == Glyph::none)
         return;
     QPainter painter(this);
-    paintSign(painter, rect().adjusted(inset, 0, 0, 0), glyph, Metrics::iconLarge,
-              Palette::of(*this).ink);
+    paintSign(painter, rect().adjusted(inset, 0, 0, 0), glyph, Metrics::iconLarge, Palette::of(*this).ink);
 }
 
 }  // namespace vantry

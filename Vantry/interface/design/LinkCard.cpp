@@ -64,7 +64,8 @@ void LinkCard::setTexts(const QString& title, const QString& about) {
 int LinkCard::heightForWidth(int width) const {
     const QStringList lines =
         linesOf(detail, VantryType::font(VantryType::Role::caption), width - textLeft - Metrics::paddingCard);
-    return 2 * Metrics::paddingCard - Metrics::gapInline + VantryType::lineHeight(VantryType::Role::emphasis) +
+    return 2 * Metrics::paddingCard - Metrics::gapInline +
+           VantryType::lineHeight(VantryType::Role::emphasis) +
            static_cast<int>(lines.size()) * VantryType::lineHeight(VantryType::Role::caption);
 }
 
@@ -81,7 +82,8 @@ void LinkCard::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     paintPressedCard(painter, rect(), palette, state());
     painter.setOpacity(VantryRowButtonStyle::look(palette, state()).opacity);
-    paintSign(painter, rect().adjusted(Metrics::paddingCard, 0, 0, 0), glyph, Metrics::iconLarge, palette.ink);
+    paintSign(painter, rect().adjusted(Metrics::paddingCard, 0, 0, 0), glyph, Metrics::iconLarge,
+              palette.ink);
     const int width = this->width() - textLeft - Metrics::paddingCard;
     const int titleHeight = VantryType::lineHeight(VantryType::Role::emphasis);
     int top = Metrics::paddingCard - Metrics::gapTrack;

@@ -40,8 +40,7 @@ public:
 
 RowList::RowList(QWidget* parent)
     : ListCard(
-          Metrics::rowHeight,
-          [this](const QByteArray& key, QWidget* holder) { return makeRow(key, holder); },
+          Metrics::rowHeight, [this](const QByteArray& key, QWidget* holder) { return makeRow(key, holder); },
           [this](QWidget& line, const QByteArray& key) { fillRow(line, key); }, parent) {}
 
 QWidget* RowList::makeRow(const QByteArray& key, QWidget* holder) {

@@ -63,9 +63,9 @@ void StatusPill::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QColor colour = Palette::of(*this).*colourOf(kind);
     if (kind == StatusKind::good)
-        paintGlyph(
-            painter, Glyph::check,
-            QRectF(0, (height() - Metrics::pillSign) / 2.0, Metrics::pillSign, Metrics::pillSign), colour);
+        paintGlyph(painter, Glyph::check,
+                   QRectF(0, (height() - Metrics::pillSign) / 2.0, Metrics::pillSign, Metrics::pillSign),
+                   colour);
     painter.setPen(colour);
     painter.drawText(rect().adjusted(signWidth(), 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, text());
 }

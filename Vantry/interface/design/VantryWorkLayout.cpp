@@ -32,8 +32,8 @@ void VantryWorkLayout::setGeometry(const QRect& place) {
     const int sideHeight = heightOf(*parts[1], besideWidth);
     if (plan.columns == 2) {
         parts[0]->setGeometry({place.left(), place.top(), mainWidth, place.height()});
-        parts[1]->setGeometry({place.left() + mainWidth + gap, place.top(), besideWidth,
-                               std::min(sideHeight, place.height())});
+        parts[1]->setGeometry(
+            {place.left() + mainWidth + gap, place.top(), besideWidth, std::min(sideHeight, place.height())});
         return;
     }
     // Height that nobody asked for belongs to the main part.

@@ -14,8 +14,8 @@ using Role = VantryType::Role;
 
 /// The surface of a row within its card.
 QRectF surfaceOf(const QWidget& row) {
-    return QRectF(row.rect()).adjusted(Metrics::gapCaption, Metrics::gapCaption, -Metrics::gapCaption,
-                                       -Metrics::gapCaption);
+    return QRectF(row.rect())
+        .adjusted(Metrics::gapCaption, Metrics::gapCaption, -Metrics::gapCaption, -Metrics::gapCaption);
 }
 
 }  // namespace

@@ -80,8 +80,8 @@ void ProductionCard::paintEvent(QPaintEvent*) {
     paintSign(painter, shots, Glyph::film, Metrics::iconSmall, palette.ink);
     shots.setLeft(shots.left() + Metrics::iconSmall + Metrics::gapTrack);
     paintLine(painter, shots, caption, palette.muted, content.shots);
-    paintLine(painter, place, caption, content.done > 0 ? palette.completed : palette.muted,
-              content.complete, Qt::AlignRight);
+    paintLine(painter, place, caption, content.done > 0 ? palette.completed : palette.muted, content.complete,
+              Qt::AlignRight);
     if (showsFocus())
         paintFocus(painter, rect(), Metrics::radiusCard);
 }

@@ -14,8 +14,7 @@
 
 namespace vantry {
 
-ProjectDetails::ProjectDetails(PageContext given, const Identifier& project, Button& removal,
-                               QWidget* parent)
+ProjectDetails::ProjectDetails(PageContext given, const Identifier& project, Button& removal, QWidget* parent)
     : StorePage(std::move(given), parent)
     , projectID(project)
     , heading(new WorkspaceSection)
@@ -24,21 +23,22 @@ ProjectDetails::ProjectDetails(PageContext given, const Identifier& project, But
     , notes(new ParagraphField(Metrics::notesHeight))
     , defaults(new VantryDisclosure(Glyph::sliders))
     , defaultsNote(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::wrapped))
-    , parameters(new ParametersEditor(
-          context,
-          {[this]() -> std::optional<Parameters> {
-               const auto held = store().project(projectID);
-               return held ? std::optional(held->defaults) : std::nullopt;
-           },
-           [this](std::string_view key, const Text& value) {
-               store().updateProject(projectID, [&](Project& held) { held.defaults.set(key, value); });
-           }}))
+    , parameters(new ParametersEditor(context, {[this]() -> std::optional<Parameters> {
+                                                    const auto held = store().project(projectID);
+                                                    return held ? std::optional(held->defaults)
+                                                                : std::nullopt;
+                                                },
+                                                [this](std::string_view key, const Text& value) {
+                                                    store().updateProject(projectID, [&](Project& held) {
+                                                        held.defaults.set(key, value);
+                                                    });
+                                                }}))
     , defaultsOpen(*this, "project-defaults") {
     title->field().setBinding(bind(&Project::title));
     director->field().setBinding(bind(&Project::director));
     notes->editor().setBinding(bind(&Project::notes));
-    defaults->setBinding({[this] { return defaultsOpen.value(); },
-                          [this](bool open) { defaultsOpen.setValue(open); }});
+    defaults->setBinding(
+        {[this] { return defaultsOpen.value(); }, [this](bool open) { defaultsOpen.setValue(open); }});
     defaults->content().addWidget(column(Metrics::gapCard, {defaultsNote, parameters}));
 
     auto* lines = new QVBoxLayout(this);

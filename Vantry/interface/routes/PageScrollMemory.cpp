@@ -71,7 +71,8 @@ void PageScrollMemory::hideEvent(QHideEvent* event) {
 
 void PageScrollMemory::attachSoon() {
     ++generation;
-    QMetaObject::invokeMethod(this, [this, asked = generation] { attach(asked); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, asked = generation] { attach(asked); }, Qt::QueuedConnection);
 }
 
 std::optional<ScrollOrigin> PageScrollMemory::savedOrigin(const PageMemory& memory,
@@ -100,9 +101,10 @@ void PageScrollMemory::attach(std::uint64_t asked) {
     restoring = true;
     horizontal = connect(scroll->horizontalScrollBar(), &QScrollBar::valueChanged, this,
                          [this, task] { record(task); });
-    vertical = connect(scroll->verticalScrollBar(), &QScrollBar::valueChanged, this,
-                       [this, task] { record(task); });
-    QMetaObject::invokeMethod(this, [this, task, saved] { restore(task, saved); }, Qt::QueuedConnection);
+    vertical =
+        connect(scroll->verticalScrollBar(), &QScrollBar::valueChanged, this, [this, task] { record(task); });
+    QMetaObject::invokeMethod(
+        this, [this, task, saved] { restore(task, saved); }, Qt::QueuedConnection);
 }
 
 void PageScrollMemory::restore(const Task& task, const std::optional<ScrollOrigin>& saved) {

@@ -37,8 +37,8 @@ TEST(VantrySheetFrameTest, ALongMessageScrollsBetweenTitleAndButtons) {
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     AlertSheet sheet(&window);
-    sheet.setTexts(QStringLiteral("Title"), QStringLiteral("Many words about what went wrong. ").repeated(300),
-                   QStringLiteral("OK"));
+    sheet.setTexts(QStringLiteral("Title"),
+                   QStringLiteral("Many words about what went wrong. ").repeated(300), QStringLiteral("OK"));
     sheet.open();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&sheet));
     QCoreApplication::processEvents();

@@ -63,12 +63,10 @@ TEST_F(AccessibilityTest, TheLibrary) {
 }
 
 TEST_F(AccessibilityTest, AProduction) {
-    const std::vector<Spoken> heading{{QAccessible::ButtonMenu, "Export PDF"},
-                                      {QAccessible::RadioButton, "Overview"},
-                                      {QAccessible::RadioButton, "People"},
-                                      {QAccessible::RadioButton, "Call Sheet"},
-                                      {QAccessible::RadioButton, "Details"},
-                                      {QAccessible::RadioButton, "Related files"}};
+    const std::vector<Spoken> heading{
+        {QAccessible::ButtonMenu, "Export PDF"}, {QAccessible::RadioButton, "Overview"},
+        {QAccessible::RadioButton, "People"},    {QAccessible::RadioButton, "Call Sheet"},
+        {QAccessible::RadioButton, "Details"},   {QAccessible::RadioButton, "Related files"}};
     const auto with = [&](std::vector<Spoken> tab) {
         tab.insert(tab.begin(), heading.begin(), heading.end());
         return tab;
