@@ -10,6 +10,7 @@ enum class StoreMember : std::uint8_t {
     savedLibrary,
     language,
     appearance,
+    reducesMotion,
     error,
     notice,
     savedAt,

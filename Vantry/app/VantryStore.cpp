@@ -29,6 +29,7 @@ VantryStore::VantryStore(const std::optional<std::filesystem::path>& root, Surro
     , library_({}, notifier(Member::library))
     , language_("zh", notifier(Member::language))
     , appearance_("system", notifier(Member::appearance))
+    , reducesMotion_(false, notifier(Member::reducesMotion))
     , error_(std::nullopt, notifier(Member::error))
     , notice_(std::nullopt, notifier(Member::notice))
     , savedAt_(std::nullopt, notifier(Member::savedAt))
@@ -44,6 +45,7 @@ VantryStore::VantryStore(const std::optional<std::filesystem::path>& root, Surro
     if (around_.preferences != nullptr) {
         language_.set(around_.preferences->text(Preferences::languageKey).value_or(*language_));
         appearance_.set(around_.preferences->text(Preferences::appearanceKey).value_or(*appearance_));
+        reducesMotion_.set(around_.preferences->flag(Preferences::reduceMotionKey));
     }
     load();
 }
@@ -70,8 +72,10 @@ void VantryStore::setAppearance(const Text& appearance) {
         around_.preferences->setText(Preferences::appearanceKey, appearance);
 }
 
-bool VantryStore::reducesMotion() const {
-    return around_.preferences != nullptr && around_.preferences->flag(Preferences::reduceMotionKey);
+void VantryStore::setReducesMotion(bool reduces) {
+    reducesMotion_.set(reduces);
+    if (around_.preferences != nullptr)
+        around_.preferences->setFlag(Preferences::reduceMotionKey, reduces);
 }
 
 }  // namespace vantry

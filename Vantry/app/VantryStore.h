@@ -56,7 +56,8 @@ public:
     [[nodiscard]] bool english() const;
     [[nodiscard]] const Text& appearance() const noexcept { return *appearance_; }
     void setAppearance(const Text& appearance);
-    [[nodiscard]] bool reducesMotion() const;  ///< as it is stored; a change is not told
+    [[nodiscard]] bool reducesMotion() const noexcept { return *reducesMotion_; }
+    void setReducesMotion(bool reduces);
 
     [[nodiscard]] const std::optional<Text>& error() const noexcept { return *error_; }
     void setError(std::optional<Text> text) { error_.set(std::move(text)); }
@@ -115,11 +116,9 @@ public:
     void importImage(Identifier projectID, Identifier actID, Identifier shotID);
     /// The image of that key, no larger than `bound`, not enlarged; null without key, file or image.
     [[nodiscard]] QImage image(const std::optional<Text>& key, const QSize& bound);
-
     /// The bytes of the image file of that key; none when there is no such file.
     [[nodiscard]] std::string imageFile(const Text& key) const;
-    /// Asks where to keep a document, makes it, writes it whole or not at all and opens it. Failures go to
-    /// `error`.
+    /// Asks where to keep a document, makes it, writes it whole or not at all, opens it. Reports to `error`.
     void exportDocument(const std::string& suggestedName, const std::function<QByteArray()>& make);
     [[nodiscard]] Moment now() const { return around_.clock->now(); }
     /// Saves 0.35 s from now, unless called again before.
@@ -142,6 +141,7 @@ private:
     Observed<Library> library_;
     Observed<Text> language_;
     Observed<Text> appearance_;
+    Observed<bool> reducesMotion_;
     Observed<std::optional<Text>> error_;
     Observed<std::optional<Text>> notice_;
     Observed<std::optional<Moment>> savedAt_;

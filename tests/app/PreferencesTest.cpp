@@ -43,7 +43,9 @@ TEST_F(PreferencesTest, EveryAssignmentIsWrittenAtOnceEqualOrNot) {
     EXPECT_EQ(QSettings(settingsFile(), QSettings::IniFormat).value("VantryLanguage").toString(), "zh");
     store->setLanguage("en");
     store->setAppearance("dark");
-    preferences.setFlag(Preferences::reduceMotionKey, true);
+    EXPECT_FALSE(store->reducesMotion());
+    store->setReducesMotion(true);
+    EXPECT_TRUE(store->reducesMotion());
     QSettings onDisk(settingsFile(), QSettings::IniFormat);
     EXPECT_EQ(onDisk.value("VantryLanguage").toString(), "en");
     EXPECT_EQ(onDisk.value("VantryAppearance").toString(), "dark");
@@ -54,6 +56,7 @@ TEST_F(PreferencesTest, EveryAssignmentIsWrittenAtOnceEqualOrNot) {
     const auto next = openWith(again);
     EXPECT_TRUE(next->english());
     EXPECT_EQ(next->appearance(), Text("dark"));
+    EXPECT_TRUE(next->reducesMotion());
 }
 
 TEST_F(PreferencesTest, ChoicesCanBeMadeAfterAFailedLoad) {

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 
+#include "Vantry/interface/design/Metrics.h"
+
 namespace vantry {
 namespace {
 
 double usableWidth(std::optional<double> width) {
-    return std::max(width.value_or(standardPageWidth), 1.0);
+    return std::max(width.value_or(Metrics::pageWidth), 1.0);
 }
 
 }  // namespace
@@ -32,7 +34,7 @@ WorkPlan planWork(std::optional<double> proposed, double sideWidth, double gap,
     if (heights.size() != 2)
         return {};
     const double width = usableWidth(proposed);
-    if (width >= twoPartsFrom)
+    if (width >= Metrics::columnsFrom)
         return {2, width - sideWidth - gap, sideWidth, std::max(heights[0], heights[1])};
     return {1, width, width, heights[0] + gap + heights[1]};
 }

@@ -5,11 +5,6 @@
 
 namespace vantry {
 
-/// The width that a page has when nobody says.
-inline constexpr double standardPageWidth = 1120;
-/// From this width on a page's side part stands beside its main part.
-inline constexpr double twoPartsFrom = 840;
-
 /// How `WorkspaceColumns` places its parts.
 struct ColumnsPlan {
     int columns = 0;
@@ -18,7 +13,8 @@ struct ColumnsPlan {
 };
 
 /// Two columns where two of the least width and the gap between them fit, else one. The parts go row by row,
-/// each row as high as its tallest. A width below 1 counts as 1. All in points.
+/// each row as high as its tallest. Without a width it is that of a page; one below 1 counts as 1. All in
+/// points.
 [[nodiscard]] ColumnsPlan planColumns(std::optional<double> width, double minimum, double gap,
                                       const std::vector<double>& heights);
 

@@ -1,13 +1,12 @@
 #include "Vantry/interface/design/LinkCard.h"
 
+#include <algorithm>
+
 #include <QPainter>
 #include <QTextLayout>
 
 #include "Vantry/interface/design/CellPainting.h"
-#include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/Metrics.h"
-#include "Vantry/interface/design/Surface.h"
-#include "Vantry/interface/design/VantryMotion.h"
 #include "Vantry/interface/design/VantryType.h"
 
 namespace vantry {
@@ -33,19 +32,9 @@ QStringList linesOf(const QString& text, const QFont& font, int width) {
 
 }  // namespace
 
-void paintPressedCard(QPainter& painter, const QRect& place, const Palette& palette,
-                      const ControlState& state) {
-    paintSurface(painter, place, {palette.card, palette.rule, Metrics::hairline, Metrics::radiusCard});
-    ControlLook look = VantryRowButtonStyle::look(palette, state);
-    look.outline = palette.rule;
-    if (look.fill.alpha() > 0)
-        paintShape(painter, place, look, Metrics::radiusCard);
-}
-
 LinkCard::LinkCard(Glyph sign, QWidget* parent)
-    : Pressable(VantryMotion::selection(), parent)
+    : PressableSurface(Shape::card, parent)
     , glyph(sign) {
-    setPressedOnce();
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
@@ -77,11 +66,8 @@ QSize LinkCard::minimumSizeHint() const {
     return {Metrics::controlHeight * 2, Metrics::controlHeight};
 }
 
-void LinkCard::paintEvent(QPaintEvent*) {
+void LinkCard::paintContent(QPainter& painter) const {
     const Palette& palette = Palette::of(*this);
-    QPainter painter(this);
-    paintPressedCard(painter, rect(), palette, state());
-    painter.setOpacity(VantryRowButtonStyle::look(palette, state()).opacity);
     paintSign(painter, rect().adjusted(Metrics::paddingCard, 0, 0, 0), glyph, Metrics::iconLarge,
               palette.ink);
     const int width = this->width() - textLeft - Metrics::paddingCard;
@@ -96,8 +82,6 @@ void LinkCard::paintEvent(QPaintEvent*) {
         paintLine(painter, {textLeft, top, width, lineHeight}, font, palette.muted, line);
         top += lineHeight;
     }
-    if (showsFocus())
-        paintFocus(painter, rect(), Metrics::radiusCard);
 }
 
 }  // namespace vantry

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "Vantry/interface/design/Glyph.h"
-#include "Vantry/interface/design/Pressable.h"
+#include "Vantry/interface/design/PressableSurface.h"
 
 namespace vantry {
 
 /// A card that leads somewhere: a sign, a title, and what is to be found there.
-class LinkCard final : public Pressable {
+class LinkCard final : public PressableSurface {
     Q_OBJECT
 
 public:
@@ -20,15 +20,11 @@ public:
     [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void paintContent(QPainter& painter) const override;
 
 private:
     const Glyph glyph;
     QString detail;
 };
-
-/// Paints the card of a control that is pressed as a whole.
-void paintPressedCard(QPainter& painter, const QRect& place, const Palette& palette,
-                      const ControlState& state);
 
 }  // namespace vantry

@@ -55,11 +55,11 @@ struct Metrics {
     static constexpr int rowHeight = 72;
     static constexpr int resultHeight = 64;
     static constexpr int starWidth = 60;
-    static constexpr int segmentWidth = 88;
     static constexpr int resultWidth = 112;
     static constexpr int iconSmall = 16;
     static constexpr int icon = 18;
     static constexpr int iconLarge = 20;
+    static constexpr int iconSheet = 24;
     static constexpr int iconStar = 30;
     static constexpr int navigationDot = 4;      ///< beneath the chosen tab
     static constexpr int navigationDotFoot = 5;  ///< from the foot of the tab

@@ -26,6 +26,10 @@ PageHeading::PageHeading(Limits limits, QWidget* parent)
     setSizePolicy(policy);
 }
 
+void PageHeading::setSubtitleLines(int most) {
+    subtitle->setMostLines(most);
+}
+
 void PageHeading::setTexts(const QString& eyebrowText, const QString& titleText,
                            const QString& subtitleText) {
     eyebrow->setPlain(eyebrowText);

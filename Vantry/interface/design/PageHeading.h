@@ -20,6 +20,7 @@ public:
 
     explicit PageHeading(Limits limits, QWidget* parent = nullptr);
 
+    void setSubtitleLines(int most);
     void setTexts(const QString& eyebrow, const QString& title, const QString& subtitle = {});
 
 private:

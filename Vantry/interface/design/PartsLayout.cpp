@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "Vantry/interface/design/LayoutRules.h"
+#include "Vantry/interface/design/Metrics.h"
 
 namespace vantry {
 
@@ -45,8 +45,7 @@ int PartsLayout::heightOf(const QLayoutItem& part, int width) {
 }
 
 QSize PartsLayout::sizeHint() const {
-    constexpr int width = static_cast<int>(standardPageWidth);
-    return {width, heightForWidth(width)};
+    return {Metrics::pageWidth, heightForWidth(Metrics::pageWidth)};
 }
 
 QSize PartsLayout::minimumSize() const {

@@ -3,16 +3,15 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include "Vantry/interface/design/CellPainting.h"
 #include "Vantry/interface/design/ControlStates.h"
 #include "Vantry/interface/design/ControlText.h"
-#include "Vantry/interface/design/VantryMotion.h"
 #include "Vantry/interface/design/VantryType.h"
 
 namespace vantry {
 
 RowButton::RowButton(QWidget* parent)
-    : Pressable(VantryMotion::selection(), parent) {
-    setPressedOnce();
+    : PressableSurface(Shape::row, parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
@@ -38,49 +37,25 @@ void RowButton::setSelected(bool selected) {
     states().setSelected(selected);
 }
 
-void RowButton::paintEvent(QPaintEvent*) {
-    const Palette& palette = Palette::of(*this);
-    const ControlLook look = VantryRowButtonStyle::look(palette, state());
-    const QRectF surface = QRectF(rect()).adjusted(Metrics::gapCaption, Metrics::gapCaption,
-                                                   -Metrics::gapCaption, -Metrics::gapCaption);
-    QPainter painter(this);
-    // A row keeps its size while it is pressed.
-    paintAsOne(painter, rect(), look.opacity, 1, [&](QPainter& inside) {
-        VantryRowButtonStyle::paint(inside, surface, palette, state());
-        paintContent(inside);
-    });
-    painter.setRenderHint(QPainter::Antialiasing);
-    if (showsFocus())
-        paintFocus(painter, surface, Metrics::radiusControl);
-}
-
 void RowButton::paintContent(QPainter& painter) const {
+    using Role = VantryType::Role;
     const Palette& palette = Palette::of(*this);
-    const auto square = [this](qreal left) {
-        return QRectF(left, (height() - Metrics::iconLarge) / 2.0, Metrics::iconLarge, Metrics::iconLarge);
-    };
-    paintGlyph(painter, content.glyph, square(Metrics::paddingCard),
-               content.struckOut ? palette.muted : palette.ink);
+    const QColor& ink = content.struckOut ? palette.muted : palette.ink;
+    paintSign(painter, rect().adjusted(Metrics::paddingCard, 0, 0, 0), content.glyph, Metrics::iconLarge,
+              ink);
     const int right = width() - Metrics::paddingCard - Metrics::iconLarge;
-    paintGlyph(painter, Glyph::arrowRight, square(right), palette.muted);
+    paintSign(painter, rect().adjusted(right, 0, 0, 0), Glyph::arrowRight, Metrics::iconLarge, palette.muted);
 
     const int left = Metrics::paddingCard + Metrics::iconLarge + Metrics::gapCard;
-    const int textWidth = right - Metrics::gapCard - left;
-    const int titleHeight = VantryType::lineHeight(VantryType::Role::emphasis);
-    const int detailHeight = VantryType::lineHeight(VantryType::Role::caption);
-    const int top = (height() - titleHeight - Metrics::gapLines - detailHeight) / 2;
-    const auto line = [&](const QString& text, int y, int lineHeight) {
-        painter.drawText(QRect(left, y, textWidth, lineHeight), Qt::AlignLeft | Qt::AlignVCenter,
-                         painter.fontMetrics().elidedText(singleLine(text), Qt::ElideRight, textWidth));
-    };
-    QFont titleFont = VantryType::font(VantryType::Role::emphasis);
+    const int titleHeight = VantryType::lineHeight(Role::emphasis);
+    const int detailHeight = VantryType::lineHeight(Role::caption);
+    QRect place(left, (height() - titleHeight - Metrics::gapLines - detailHeight) / 2,
+                right - Metrics::gapCard - left, titleHeight);
+    QFont titleFont = VantryType::font(Role::emphasis);
     titleFont.setStrikeOut(content.struckOut);
-    painter.setFont(titleFont);
-    painter.setPen(content.struckOut ? palette.muted : palette.ink);
-    line(content.title, top, titleHeight);
-    painter.setFont(VantryType::font(VantryType::Role::caption));
-    painter.setPen(palette.muted);
-    line(content.detail, top + titleHeight + Metrics::gapLines, detailHeight);
+    paintLine(painter, place, titleFont, ink, content.title);
+    place = {left, place.top() + titleHeight + Metrics::gapLines, place.width(), detailHeight};
+    paintLine(painter, place, VantryType::font(Role::caption), palette.muted, content.detail);
 }
 
 RowMenuButton::RowMenuButton(QWidget* parent)

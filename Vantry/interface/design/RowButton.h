@@ -4,6 +4,7 @@
 #include <QMenu>
 
 #include "Vantry/interface/design/Button.h"
+#include "Vantry/interface/design/PressableSurface.h"
 
 namespace vantry {
 
@@ -18,7 +19,7 @@ struct RowContent {
 };
 
 /// One row of a list: a sign, a name, a line of facts; pressing it leads to what it stands for.
-class RowButton final : public Pressable {
+class RowButton final : public PressableSurface {
     Q_OBJECT
 
 public:
@@ -32,11 +33,9 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void paintContent(QPainter& painter) const override;
 
 private:
-    void paintContent(QPainter& painter) const;
-
     RowContent content;
 };
 

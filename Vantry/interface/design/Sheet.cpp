@@ -10,6 +10,7 @@
 
 #include "Vantry/interface/design/Accessibility.h"
 #include "Vantry/interface/design/Button.h"
+#include "Vantry/interface/design/CellPainting.h"
 #include "Vantry/interface/design/Label.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/Surface.h"
@@ -17,6 +18,8 @@
 
 namespace vantry {
 namespace {
+
+constexpr int signWidth = Metrics::iconSheet + Metrics::gapCard;
 
 /// Lies over a window while a sheet is open, so that the sheet alone catches the eye.
 class Layer final : public QWidget {
@@ -90,9 +93,9 @@ private:
 
 }  // namespace
 
-Sheet::Sheet(QWidget* parent)
+Sheet::Sheet(QWidget* parent, VantryType::Role title)
     : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint)
-    , heading(new Label(VantryType::Role::heading, &Palette::ink, Label::Length::wrapped, this))
+    , heading(new Label(title, &Palette::ink, Label::Length::wrapped, this))
     , body(new SheetBody(this))
     , column(new QVBoxLayout(body->widget()))
     , row(new QHBoxLayout) {
@@ -192,6 +195,9 @@ void Sheet::paintEvent(QPaintEvent*) {
     const Palette& palette = Palette::of(*this);
     QPainter painter(this);
     paintSurface(painter, rect(), {palette.canvas, palette.rule, Metrics::hairline, Metrics::radiusPanel});
+    if (isFailure)
+        paintSign(painter, heading->geometry().adjusted(-signWidth, 0, 0, 0), Glyph::warning,
+                  Metrics::iconSheet, palette.danger);
 }
 
 void Sheet::resizeEvent(QResizeEvent* event) {
@@ -200,6 +206,13 @@ void Sheet::resizeEvent(QResizeEvent* event) {
     // Its height follows its texts.
     if (layer != nullptr)
         place();
+}
+
+void Sheet::setFailure(bool failure) {
+    isFailure = failure;
+    layout()->setContentsMargins(Metrics::paddingDialog + (failure ? signWidth : 0), Metrics::paddingDialog,
+                                 Metrics::paddingDialog, Metrics::paddingDialog);
+    update();
 }
 
 void Sheet::setTitle(const QString& title) {
@@ -233,7 +246,7 @@ void AlertSheet::setTexts(const QString& title, const QString& message, const QS
 }
 
 QuestionSheet::QuestionSheet(QWidget* parent)
-    : Sheet(parent)
+    : Sheet(parent, VantryType::Role::emphasis)
     , cancel(new Button(Button::Kind::quiet, Glyph::none, this))
     , confirm(new Button(Button::Kind::destructive, Glyph::none, this)) {
     for (Button* button : {cancel, confirm}) {

@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QVBoxLayout>
 
+#include "Vantry/interface/design/VantryType.h"
+
 class QScrollArea;
 
 namespace vantry {
@@ -19,7 +21,8 @@ class Sheet : public QDialog {
     Q_OBJECT
 
 public:
-    explicit Sheet(QWidget* parent);
+    /// `title` is the type of its title.
+    explicit Sheet(QWidget* parent, VantryType::Role title = VantryType::Role::heading);
     ~Sheet() override;
 
     /// What the next sheet belongs over: the topmost of those on screen, else `window`.
@@ -34,6 +37,8 @@ public:
     [[nodiscard]] QHBoxLayout& buttons() noexcept { return *row; }
 
 protected:
+    /// Puts the sign of a failure in front of title and message, or takes it away.
+    void setFailure(bool failure);
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -53,6 +58,7 @@ private:
     QHBoxLayout* row;
     QPointer<QWidget> under;
     QPointer<QWidget> layer;
+    bool isFailure = false;
 };
 
 /// Tells the person one thing, with one button.
@@ -62,6 +68,7 @@ class AlertSheet final : public Sheet {
 public:
     explicit AlertSheet(QWidget* parent);
 
+    using Sheet::setFailure;
     void setTexts(const QString& title, const QString& message, const QString& button);
 
 private:

@@ -122,7 +122,9 @@ void DisclosureHeader::paintContent(QPainter& painter) const {
         return;
     painter.setFont(VantryType::font(VantryType::Role::caption));
     painter.setPen(palette.muted);
-    line(singleLine(summary), QRect(from, 0, right - from, height()), Qt::AlignRight);
+    // What opening it is for is seen once it is open.
+    if (!expanded)
+        line(singleLine(summary), QRect(from, 0, right - from, height()), Qt::AlignRight);
 }
 
 VantryDisclosure::VantryDisclosure(Glyph glyph, QWidget* parent)

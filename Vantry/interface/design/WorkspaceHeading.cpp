@@ -5,8 +5,9 @@
 
 namespace vantry {
 
-WorkspaceHeading::WorkspaceHeading(int subtitleLines, QWidget* parent)
+WorkspaceHeading::WorkspaceHeading(int mostLines, QWidget* parent)
     : QWidget(parent)
+    , subtitleLines(mostLines)
     , texts(new PageHeading({1, subtitleLines}, this))
     , row(new QHBoxLayout) {
     row->setContentsMargins(0, Metrics::headingActionsDrop, 0, 0);
@@ -20,6 +21,11 @@ WorkspaceHeading::WorkspaceHeading(int subtitleLines, QWidget* parent)
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
+}
+
+void WorkspaceHeading::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    texts->setSubtitleLines(width() >= Metrics::columnsFrom ? 1 : subtitleLines);
 }
 
 void WorkspaceHeading::setTexts(const QString& section, const QString& title, const QString& subtitle) {

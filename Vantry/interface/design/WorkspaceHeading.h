@@ -13,14 +13,19 @@ class WorkspaceHeading final : public QWidget {
     Q_OBJECT
 
 public:
-    /// The subtitle takes at most `subtitleLines`; 0 is no limit. The title is one line.
+    /// The subtitle takes at most `subtitleLines`, 0 is no limit, and one line where a page has room for two
+    /// columns. The title is one line.
     explicit WorkspaceHeading(int subtitleLines, QWidget* parent = nullptr);
 
     void setTexts(const QString& section, const QString& title, const QString& subtitle = {});
     /// Where the actions go, from the left.
     [[nodiscard]] QHBoxLayout& actions() noexcept { return *row; }
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
+    const int subtitleLines;
     PageHeading* texts;
     QHBoxLayout* row;
 };

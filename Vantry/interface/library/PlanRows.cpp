@@ -1,29 +1,18 @@
 #include "Vantry/interface/library/PlanRows.h"
 
-#include <QPainter>
-
 #include "Vantry/interface/design/CellPainting.h"
 #include "Vantry/interface/design/CompletionLine.h"
 #include "Vantry/interface/design/ControlText.h"
-#include "Vantry/interface/design/VantryMotion.h"
 
 namespace vantry {
 namespace {
 
 using Role = VantryType::Role;
 
-/// The surface of a row within its card.
-QRectF surfaceOf(const QWidget& row) {
-    return QRectF(row.rect())
-        .adjusted(Metrics::gapCaption, Metrics::gapCaption, -Metrics::gapCaption, -Metrics::gapCaption);
-}
-
 }  // namespace
 
 UpcomingRow::UpcomingRow(QWidget* parent)
-    : Pressable(VantryMotion::selection(), parent) {
-    setPressedOnce();
-}
+    : PressableSurface(Shape::row, parent) {}
 
 void UpcomingRow::setContent(const Content& wanted) {
     if (content == wanted)
@@ -35,11 +24,8 @@ void UpcomingRow::setContent(const Content& wanted) {
     update();
 }
 
-void UpcomingRow::paintEvent(QPaintEvent*) {
+void UpcomingRow::paintContent(QPainter& painter) const {
     const Palette& palette = Palette::of(*this);
-    QPainter painter(this);
-    VantryRowButtonStyle::paint(painter, surfaceOf(*this), palette, state());
-    painter.setOpacity(VantryRowButtonStyle::look(palette, state()).opacity);
     const int left = Metrics::paddingCard;
     const int chevron = width() - Metrics::paddingCard - Metrics::icon;
     paintSign(painter, {chevron, 0, Metrics::icon, height()}, Glyph::chevronRight, Metrics::icon,
@@ -53,15 +39,11 @@ void UpcomingRow::paintEvent(QPaintEvent*) {
     place.translate(0, place.height());
     place.setHeight(VantryType::lineHeight(Role::caption));
     paintLine(painter, place, VantryType::font(Role::caption), palette.muted, content.place);
-    if (showsFocus())
-        paintFocus(painter, surfaceOf(*this), Metrics::radiusControl);
 }
 
 ActRow::ActRow(QWidget* parent)
-    : Pressable(VantryMotion::selection(), parent)
-    , line(new CompletionLine(this)) {
-    setPressedOnce();
-}
+    : PressableSurface(Shape::row, parent)
+    , line(new CompletionLine(this)) {}
 
 void ActRow::setContent(const Content& wanted) {
     if (content == wanted)
@@ -75,17 +57,14 @@ void ActRow::setContent(const Content& wanted) {
 }
 
 void ActRow::resizeEvent(QResizeEvent* event) {
-    Pressable::resizeEvent(event);
+    PressableSurface::resizeEvent(event);
     constexpr int left = Metrics::paddingCard + Metrics::iconLarge + Metrics::gapCard;
     const int right = width() - Metrics::paddingCard - Metrics::iconLarge - Metrics::gapSection;
     line->setGeometry(left, height() - Metrics::gapBlock, right - left, Metrics::completionHeight);
 }
 
-void ActRow::paintEvent(QPaintEvent*) {
+void ActRow::paintContent(QPainter& painter) const {
     const Palette& palette = Palette::of(*this);
-    QPainter painter(this);
-    VantryRowButtonStyle::paint(painter, surfaceOf(*this), palette, state());
-    painter.setOpacity(VantryRowButtonStyle::look(palette, state()).opacity);
     paintSign(painter, rect().adjusted(Metrics::paddingCard, 0, 0, 0), Glyph::film, Metrics::iconLarge,
               palette.ink);
     const int arrow = width() - Metrics::paddingCard - Metrics::iconLarge;
@@ -98,8 +77,6 @@ void ActRow::paintEvent(QPaintEvent*) {
     place.translate(0, place.height() + Metrics::gapLines);
     place.setHeight(VantryType::lineHeight(Role::caption));
     paintLine(painter, place, VantryType::font(Role::caption), palette.muted, content.counts);
-    if (showsFocus())
-        paintFocus(painter, surfaceOf(*this), Metrics::radiusControl);
 }
 
 }  // namespace vantry

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "Vantry/interface/design/Pressable.h"
+#include "Vantry/interface/design/PressableSurface.h"
 
 namespace vantry {
 
 class CompletionLine;
 
 /// A shot that is still to come: when, what, and where it belongs.
-class UpcomingRow final : public Pressable {
+class UpcomingRow final : public PressableSurface {
     Q_OBJECT
 
 public:
@@ -24,14 +24,14 @@ public:
     void setContent(const Content& content);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void paintContent(QPainter& painter) const override;
 
 private:
     Content content;
 };
 
 /// An act of a production, with how much of it is shot.
-class ActRow final : public Pressable {
+class ActRow final : public PressableSurface {
     Q_OBJECT
 
 public:
@@ -49,7 +49,7 @@ public:
     void setContent(const Content& content);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void paintContent(QPainter& painter) const override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:

@@ -1,12 +1,9 @@
 #include "Vantry/interface/library/ProductionCard.h"
 
-#include <QPainter>
-
 #include "Vantry/interface/design/CellPainting.h"
 #include "Vantry/interface/design/CompletionLine.h"
 #include "Vantry/interface/design/ControlText.h"
-#include "Vantry/interface/design/LinkCard.h"
-#include "Vantry/interface/design/VantryMotion.h"
+#include "Vantry/interface/design/StatusPill.h"
 
 namespace vantry {
 namespace {
@@ -18,9 +15,10 @@ constexpr int edge = Metrics::paddingCard + Metrics::hairline;
 }  // namespace
 
 ProductionCard::ProductionCard(QWidget* parent)
-    : Pressable(VantryMotion::selection(), parent)
+    : PressableSurface(Shape::card, parent)
+    , pill(new StatusPill(StatusKind::neutral, this))
     , line(new CompletionLine(this)) {
-    setPressedOnce();
+    pill->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
 void ProductionCard::setContent(const Content& wanted) {
@@ -33,36 +31,35 @@ void ProductionCard::setContent(const Content& wanted) {
     if (!content.mark.isEmpty())
         facts.prepend(content.mark);
     setAccessibleDescription(facts.join(QStringLiteral(" · ")));
+    pill->setPlain(content.mark);
+    pill->setVisible(!content.mark.isEmpty());
     line->setDone(content.done, content.total);
+    arrange();
     update();
 }
 
 void ProductionCard::resizeEvent(QResizeEvent* event) {
-    Pressable::resizeEvent(event);
-    line->setGeometry(edge, height() - edge - Metrics::completionHeight, width() - 2 * edge,
-                      Metrics::completionHeight);
+    PressableSurface::resizeEvent(event);
+    arrange();
 }
 
-void ProductionCard::paintEvent(QPaintEvent*) {
-    const Palette& palette = Palette::of(*this);
-    QPainter painter(this);
-    paintPressedCard(painter, rect(), palette, state());
-    painter.setOpacity(VantryRowButtonStyle::look(palette, state()).opacity);
+void ProductionCard::arrange() {
+    line->setGeometry(edge, height() - edge - Metrics::completionHeight, width() - 2 * edge,
+                      Metrics::completionHeight);
+    pill->resize(pill->sizeHint());
+    pill->move(width() - edge - Metrics::icon - Metrics::gapField - pill->width(),
+               edge + (VantryType::lineHeight(Role::emphasis) - pill->height()) / 2);
+}
 
+void ProductionCard::paintContent(QPainter& painter) const {
+    const Palette& palette = Palette::of(*this);
     const int right = width() - edge;
     QRect place(edge, edge, width() - 2 * edge, VantryType::lineHeight(Role::emphasis));
     paintSign(painter, place, Glyph::folder, Metrics::iconLarge, palette.ink);
     paintSign(painter, {right - Metrics::icon, place.top(), Metrics::icon, place.height()},
               Glyph::arrowUpRight, Metrics::icon, palette.muted);
-    int textEnd = right - Metrics::icon - Metrics::gapField;
-    if (!content.mark.isEmpty()) {
-        QFont pill = VantryType::font(Role::label, QFont::Medium);
-        pill.setPixelSize(Metrics::pillText);
-        const int width = lineWidth(pill, content.mark);
-        paintLine(painter, {textEnd - width, place.top(), width, place.height()}, pill, palette.muted,
-                  content.mark);
-        textEnd -= width + Metrics::gapField;
-    }
+    const int textEnd =
+        pill->isHidden() ? right - Metrics::icon - Metrics::gapField : pill->x() - Metrics::gapField;
     const int titleLeft = edge + Metrics::iconLarge + Metrics::gapField;
     paintLine(painter, {titleLeft, place.top(), textEnd - titleLeft, place.height()},
               VantryType::font(Role::emphasis), palette.ink, content.title);
@@ -82,8 +79,6 @@ void ProductionCard::paintEvent(QPaintEvent*) {
     paintLine(painter, shots, caption, palette.muted, content.shots);
     paintLine(painter, place, caption, content.done > 0 ? palette.completed : palette.muted, content.complete,
               Qt::AlignRight);
-    if (showsFocus())
-        paintFocus(painter, rect(), Metrics::radiusCard);
 }
 
 }  // namespace vantry

@@ -1,13 +1,14 @@
 #pragma once
 
-#include "Vantry/interface/design/Pressable.h"
+#include "Vantry/interface/design/PressableSurface.h"
 
 namespace vantry {
 
 class CompletionLine;
+class StatusPill;
 
 /// A production as the home page shows it; pressing it leads to its desk.
-class ProductionCard final : public Pressable {
+class ProductionCard final : public PressableSurface {
     Q_OBJECT
 
 public:
@@ -29,11 +30,14 @@ public:
     void setContent(const Content& content);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void paintContent(QPainter& painter) const override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void arrange();
+
     Content content;
+    StatusPill* pill;
     CompletionLine* line;
 };
 

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "Vantry/interface/design/CellPainting.h"
 #include "Vantry/interface/design/ControlStates.h"
 #include "Vantry/interface/design/VantryMotion.h"
 #include "Vantry/interface/design/VantryType.h"
@@ -43,9 +44,9 @@ void NavigationRow::paintEvent(QPaintEvent*) {
                       Metrics::icon);
     paintGlyph(painter, glyph, sign, look.text);
     const int left = Metrics::paddingSidebar + Metrics::icon + Metrics::gapField;
-    painter.setFont(VantryType::font(VantryType::Role::label, chosen ? QFont::DemiBold : QFont::Medium));
-    painter.setPen(look.text);
-    painter.drawText(QRect(left, 0, width() - left, height()), Qt::AlignLeft | Qt::AlignVCenter, plain());
+    paintLine(painter, {left, 0, width() - left, height()},
+              VantryType::font(VantryType::Role::label, chosen ? QFont::DemiBold : QFont::Medium), look.text,
+              plain());
     painter.setOpacity(1);
     if (showsFocus())
         paintFocus(painter, rect(), Metrics::radiusControl);

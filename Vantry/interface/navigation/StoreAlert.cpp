@@ -32,6 +32,7 @@ void StoreAlert::refresh() {
         alert = new AlertSheet(Sheet::topmostOver(window));
         connect(alert, &AlertSheet::finished, this, &StoreAlert::clear);
     }
+    alert->setFailure(showsError);
     alert->setTexts(title, toQString(*text), english ? QStringLiteral("OK") : QStringLiteral("好"));
     if (!alert->isVisible())
         alert->open();

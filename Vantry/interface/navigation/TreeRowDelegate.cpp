@@ -4,7 +4,7 @@
 #include <QPainter>
 
 #include "Vantry/interface/design/ButtonStyles.h"
-#include "Vantry/interface/design/ControlText.h"
+#include "Vantry/interface/design/CellPainting.h"
 #include "Vantry/interface/design/Glyph.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/Palette.h"
@@ -37,16 +37,11 @@ void TreeRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     const int width = tree.viewport()->width() - Metrics::paddingSidebar - left;
     const int detailHeight = detail.isEmpty() ? 0 : Metrics::treeDetailHeight;
     const int top = row.top() + (row.height() - Metrics::treeTitleHeight - detailHeight) / 2;
-    const auto line = [&](const QString& text, int y, int height) {
-        painter->drawText(QRect(left, y, width, height), Qt::AlignLeft | Qt::AlignVCenter,
-                          painter->fontMetrics().elidedText(singleLine(text), Qt::ElideRight, width));
-    };
-    painter->setFont(VantryType::font(VantryType::Role::label, chosen ? QFont::DemiBold : QFont::Medium));
-    painter->setPen(palette.ink);
-    line(index.data(Qt::DisplayRole).toString(), top, Metrics::treeTitleHeight);
-    painter->setFont(VantryType::font(VantryType::Role::caption));
-    painter->setPen(palette.muted);
-    line(detail, top + Metrics::treeTitleHeight, detailHeight);
+    paintLine(*painter, {left, top, width, Metrics::treeTitleHeight},
+              VantryType::font(VantryType::Role::label, chosen ? QFont::DemiBold : QFont::Medium),
+              palette.ink, index.data(Qt::DisplayRole).toString());
+    paintLine(*painter, {left, top + Metrics::treeTitleHeight, width, detailHeight},
+              VantryType::font(VantryType::Role::caption), palette.muted, detail);
     painter->restore();
 }
 

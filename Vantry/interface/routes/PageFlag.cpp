@@ -1,45 +1,49 @@
 #include "Vantry/interface/routes/PageFlag.h"
 
+#include <optional>
 #include <utility>
 
 #include "Vantry/interface/routes/PageEnvironment.h"
 
 namespace vantry {
+namespace {
 
-PageFlag::PageFlag(const QWidget& inPart, std::string name, bool without)
+std::optional<bool> read(const PageEnvironment& page, const std::string& key, bool) {
+    return page.memory().panel(page.route(), key);
+}
+std::optional<int> read(const PageEnvironment& page, const std::string& key, int) {
+    return page.memory().choice(page.route(), key);
+}
+void write(const PageEnvironment& page, const std::string& key, bool open) {
+    page.memory().setPanel(page.route(), key, open);
+}
+void write(const PageEnvironment& page, const std::string& key, int choice) {
+    page.memory().setChoice(page.route(), key, choice);
+}
+
+}  // namespace
+
+template <class T>
+PageValue<T>::PageValue(const QWidget& inPart, std::string name, T without)
     : part(&inPart)
     , key(std::move(name))
     , fallback(without) {}
 
-bool PageFlag::value() const {
-    const auto* environment = PageEnvironment::of(*part);
-    return environment == nullptr ? fallback
-                                  : environment->memory().panel(environment->route(), key).value_or(false);
+template <class T>
+T PageValue<T>::value() const {
+    const auto* page = PageEnvironment::of(*part);
+    return page == nullptr ? fallback : read(*page, key, T{}).value_or(T{});
 }
 
-void PageFlag::setValue(bool value) {
-    if (const auto* environment = PageEnvironment::of(*part))
-        environment->memory().setPanel(environment->route(), key, value);
+template <class T>
+void PageValue<T>::setValue(T value) {
+    if (const auto* page = PageEnvironment::of(*part))
+        write(*page, key, value);
     else
         fallback = value;
 }
 
-PageChoice::PageChoice(const QWidget& inPart, std::string name, int without)
-    : part(&inPart)
-    , key(std::move(name))
-    , fallback(without) {}
-
-int PageChoice::value() const {
-    const auto* environment = PageEnvironment::of(*part);
-    return environment == nullptr ? fallback
-                                  : environment->memory().choice(environment->route(), key).value_or(0);
-}
-
-void PageChoice::setValue(int value) {
-    if (const auto* environment = PageEnvironment::of(*part))
-        environment->memory().setChoice(environment->route(), key, value);
-    else
-        fallback = value;
-}
+template class PageValue<bool>;
+template class PageValue<int>;
 
 }  // namespace vantry

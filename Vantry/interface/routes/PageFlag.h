@@ -6,36 +6,31 @@
 
 namespace vantry {
 
-/// A yes or no of a part of a page, kept by the page memory: which panel is open, what is being edited.
+/// A value of a part of a page that the page memory keeps.
 ///
-/// Inside the workspace what was never set is false. Only outside of it, where there is no memory, the flag
-/// keeps its own value, which begins as `fallback`.
-class PageFlag {
+/// Inside the workspace what was never set reads as nothing: false, or 0. Only outside of it, where there is
+/// no memory, it keeps its own value, which begins as `fallback`.
+template <class T>
+class PageValue {
 public:
-    /// `part` must outlive the flag.
-    PageFlag(const QWidget& part, std::string key, bool fallback = false);
+    /// `part` must outlive this.
+    PageValue(const QWidget& part, std::string key, T fallback = {});
 
-    [[nodiscard]] bool value() const;
-    void setValue(bool value);
+    [[nodiscard]] T value() const;
+    void setValue(T value);
 
 private:
     const QWidget* part;
     std::string key;
-    bool fallback;
+    T fallback;
 };
 
-/// The same for a choice among several, counted from 0.
-class PageChoice {
-public:
-    PageChoice(const QWidget& part, std::string key, int fallback = 0);
+/// Which panel is open, what is being edited.
+using PageFlag = PageValue<bool>;
+/// A choice among several, counted from 0: a tab, a mode, a scope.
+using PageChoice = PageValue<int>;
 
-    [[nodiscard]] int value() const;
-    void setValue(int value);
-
-private:
-    const QWidget* part;
-    std::string key;
-    int fallback;
-};
+extern template class PageValue<bool>;
+extern template class PageValue<int>;
 
 }  // namespace vantry

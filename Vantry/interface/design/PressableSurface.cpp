@@ -1,0 +1,51 @@
+#include "Vantry/interface/design/PressableSurface.h"
+
+#include <QPainter>
+
+#include "Vantry/interface/design/Surface.h"
+#include "Vantry/interface/design/VantryMotion.h"
+
+namespace vantry {
+namespace {
+
+QRectF surfaceOf(const QWidget& control, PressableSurface::Shape shape) {
+    const qreal inset = shape == PressableSurface::Shape::row ? Metrics::gapCaption : 0;
+    return QRectF(control.rect()).adjusted(inset, inset, -inset, -inset);
+}
+
+}  // namespace
+
+PressableSurface::PressableSurface(Shape of, QWidget* parent)
+    : Pressable(VantryMotion::selection(), parent)
+    , shape(of) {
+    setPressedOnce();
+}
+
+void PressableSurface::paintSurfaceOf(QPainter& painter) const {
+    const Palette& palette = Palette::of(*this);
+    const QRectF surface = surfaceOf(*this, shape);
+    if (shape == Shape::row) {
+        VantryRowButtonStyle::paint(painter, surface, palette, state());
+        return;
+    }
+    paintSurface(painter, surface, {palette.card, palette.rule, Metrics::hairline, Metrics::radiusCard});
+    ControlLook look = VantryRowButtonStyle::look(palette, state());
+    look.outline = palette.rule;
+    if (look.fill.alpha() > 0)
+        paintShape(painter, surface, look, Metrics::radiusCard);
+}
+
+void PressableSurface::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintAsOne(painter, rect(), VantryRowButtonStyle::look(Palette::of(*this), state()).opacity, 1,
+               [&](QPainter& inside) {
+                   paintSurfaceOf(inside);
+                   paintContent(inside);
+               });
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (showsFocus())
+        paintFocus(painter, surfaceOf(*this, shape),
+                   shape == Shape::row ? Metrics::radiusControl : Metrics::radiusCard);
+}
+
+}  // namespace vantry
