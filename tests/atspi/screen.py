@@ -59,8 +59,10 @@ def screen(folder):
     running = []
     try:
         read, write = os.pipe()
+        # Without -noreset it starts afresh, and refuses everyone meanwhile, as soon as its last client has left: here
+        # that is the launcher below.
         running.append(start_logged(
-            ["Xvfb", "-displayfd", write, "-screen", "0", "1600x1000x24", "-nolisten", "tcp"],
+            ["Xvfb", "-noreset", "-displayfd", write, "-screen", "0", "1600x1000x24", "-nolisten", "tcp"],
             folder / "Xvfb.log", pass_fds=[write]))
         os.close(write)
         with os.fdopen(read) as pipe:
