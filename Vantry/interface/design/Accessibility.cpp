@@ -123,6 +123,11 @@ public:
     [[nodiscard]] QAccessible::Role role() const override {
         return sheet->isAlert() ? QAccessible::AlertMessage : QAccessible::Dialog;
     }
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.modal = sheet->isModal();
+        return state;
+    }
 
 private:
     Sheet* sheet;

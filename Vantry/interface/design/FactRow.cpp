@@ -9,14 +9,22 @@
 #include "Vantry/interface/design/Metrics.h"
 
 namespace vantry {
+namespace {
+
+VantryType::Role factsOf(FactRow::Edge edge) {
+    return edge == FactRow::Edge::card ? VantryType::Role::caption : VantryType::Role::label;
+}
+
+}  // namespace
 
 FactRow::FactRow(Edge edge, QWidget* parent)
     : QWidget(parent)
     , inset(edge == Edge::card ? Metrics::paddingCard : 0)
     , above(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this))
     , name(new Label(VantryType::Role::emphasis, &Palette::ink, Label::Length::cut, this))
-    , below(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this))
-    , further(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this))
+    , below(new Label(factsOf(edge), edge == Edge::card ? &Palette::muted : &Palette::ink, Label::Length::cut,
+                      this))
+    , further(new Label(factsOf(edge), &Palette::muted, Label::Length::cut, this))
     , remark(new Label(VantryType::Role::label, &Palette::muted, Label::Length::cut, this)) {
     auto* lines = new QVBoxLayout;
     lines->setContentsMargins(0, 0, 0, 0);
@@ -54,11 +62,21 @@ void FactRow::setContent(const Content& content) {
     update();
 }
 
+QRect FactRow::placeOfSign() const {
+    QRect lines = rect();
+    if (!further->isHidden()) {
+        // Beside three lines it belongs to the first two.
+        lines.setTop((above->isHidden() ? name : above)->y());
+        lines.setBottom((above->isHidden() ? below : name)->geometry().bottom());
+    }
+    return lines.adjusted(inset, 0, 0, 0);
+}
+
 void FactRow::paintEvent(QPaintEvent*) {
     if (glyph == Glyph::none)
         return;
     QPainter painter(this);
-    paintSign(painter, rect().adjusted(inset, 0, 0, 0), glyph, Metrics::iconLarge, Palette::of(*this).ink);
+    paintSign(painter, placeOfSign(), glyph, Metrics::iconLarge, Palette::of(*this).ink);
 }
 
 }  // namespace vantry

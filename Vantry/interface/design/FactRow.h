@@ -24,7 +24,8 @@ public:
         bool isUnset = false;  ///< `name` only says that there is none
     };
 
-    /// Where the row begins and ends: in a list's card it keeps away from the card's border.
+    /// Where the row stands: in a list's card, away from its border and with small facts, or as the text of a
+    /// card of its own.
     enum class Edge { card, text };
 
     explicit FactRow(Edge edge, QWidget* parent = nullptr);
@@ -35,6 +36,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    [[nodiscard]] QRect placeOfSign() const;
+
     const int inset;
     Glyph glyph = Glyph::none;
     Label* above;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPainter>
 
 #include "Vantry/interface/design/Accessibility.h"
@@ -69,6 +70,18 @@ void SegmentedChoice::followChoice() {
         return;
     for (Segment* segment : segments)
         segment->setFocusPolicy(segment->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+void SegmentedChoice::keyPressEvent(QKeyEvent* event) {
+    const bool toFirst = event->key() == Qt::Key_Home;
+    if (segments.isEmpty() || (!toFirst && event->key() != Qt::Key_End)) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    Segment& wanted = *(toFirst ? segments.first() : segments.last());
+    wanted.setFocus(Qt::TabFocusReason);
+    if (!wanted.isChecked())
+        wanted.click();
 }
 
 void SegmentedChoice::paintEvent(QPaintEvent*) {

@@ -9,7 +9,7 @@
 namespace vantry {
 
 /// A strip of choices of which one is set. For assistive tools it is a named group of radio buttons; for the
-/// keyboard it is one control, within which the arrow keys choose.
+/// keyboard it is one control, within which the arrow keys choose, and Home and End.
 class SegmentedChoice : public QWidget {
     Q_OBJECT
 
@@ -32,6 +32,8 @@ signals:
     void chosen(int index);
 
 protected:
+    /// Home and End choose the first and the last.
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -1,54 +1,22 @@
 #include "Vantry/interface/design/Sheet.h"
 
 #include <QAccessible>
-#include <QApplication>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
 
-#include "Vantry/interface/design/Accessibility.h"
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/CellPainting.h"
 #include "Vantry/interface/design/Label.h"
 #include "Vantry/interface/design/Metrics.h"
-#include "Vantry/interface/design/Surface.h"
-#include "Vantry/interface/design/VantrySheetFrame.h"
 
 namespace vantry {
 namespace {
 
 constexpr int signWidth = Metrics::iconSheet + Metrics::gapCard;
-
-/// Lies over a window while a sheet is open, so that the sheet alone catches the eye.
-class Layer final : public QWidget {
-public:
-    explicit Layer(QWidget* window)
-        : QWidget(window)
-        , radius(qobject_cast<Sheet*>(window) != nullptr ? Metrics::radiusPanel : 0) {
-        setGeometry(window->rect());
-        raise();
-        show();
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        constexpr qreal inLight = 0.42;
-        constexpr qreal inDark = 0.74;
-        const bool dark = Palette::isDark(palette());
-        const Palette& colours = Palette::of(*this);
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setOpacity(dark ? inDark : inLight);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(dark ? colours.canvas : colours.ink);
-        painter.drawRoundedRect(rect(), radius, radius);
-    }
-
-private:
-    const int radius;
-};
 
 /// What a sheet has between its title and its buttons. It scrolls where the window is too low for all of it.
 class SheetBody final : public QScrollArea {
@@ -94,14 +62,11 @@ private:
 }  // namespace
 
 Sheet::Sheet(QWidget* parent, VantryType::Role title)
-    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint)
+    : SheetWindow(parent)
     , heading(new Label(title, &Palette::ink, Label::Length::wrapped, this))
     , body(new SheetBody(this))
     , column(new QVBoxLayout(body->widget()))
     , row(new QHBoxLayout) {
-    installAccessibility();
-    setWindowModality(Qt::WindowModal);
-    setAttribute(Qt::WA_TranslucentBackground);
     auto* outer = new QVBoxLayout(this);
     outer->setContentsMargins(Metrics::paddingDialog, Metrics::paddingDialog, Metrics::paddingDialog,
                               Metrics::paddingDialog);
@@ -116,50 +81,17 @@ Sheet::Sheet(QWidget* parent, VantryType::Role title)
     outer->setSizeConstraint(QLayout::SetNoConstraint);
 }
 
-Sheet::~Sheet() {
-    disappear();
-}
-
-QWidget* Sheet::topmostOver(QWidget& window) {
-    QWidget* const topmost = QApplication::activeModalWidget();
-    return topmost != nullptr ? topmost : &window;
-}
-
-bool Sheet::event(QEvent* event) {
-    const bool handled = QDialog::event(event);
-    // As wide as all sheets are, and as high as its wrapped texts need at that width and the window allows.
-    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show)
-        fit();
-    if (event->type() == QEvent::Show)
-        appear();
-    else if (event->type() == QEvent::Hide)
-        disappear();
-    return handled;
-}
-
-void Sheet::appear() {
-    if (parentWidget() == nullptr || layer != nullptr)
-        return;
-    under = parentWidget()->window();
-    under->installEventFilter(this);
-    layer = new Layer(under);
-    place();
-    if (isAlert()) {
-        QAccessibleEvent announcement(this, QAccessible::Alert);
-        QAccessible::updateAccessibility(&announcement);
-    }
-}
-
-void Sheet::disappear() {
-    if (under != nullptr)
-        under->removeEventFilter(this);
-    delete layer;
-}
-
-void Sheet::fit() {
+QSize Sheet::wantedSize() {
     body->setVisible(!column->isEmpty());
-    const QSize wanted(Metrics::dialogWidth, layout()->totalHeightForWidth(Metrics::dialogWidth));
-    setFixedSize(VantrySheetFrame::size(wanted, parentWidget()));
+    return {Metrics::dialogWidth, layout()->totalHeightForWidth(Metrics::dialogWidth)};
+}
+
+void Sheet::showEvent(QShowEvent* event) {
+    SheetWindow::showEvent(event);
+    if (!isAlert() || event->spontaneous())
+        return;
+    QAccessibleEvent announcement(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&announcement);
 }
 
 void Sheet::keyPressEvent(QKeyEvent* event) {
@@ -174,38 +106,16 @@ void Sheet::keyPressEvent(QKeyEvent* event) {
             bar.triggerAction(way);
             return;
         }
-    QDialog::keyPressEvent(event);
+    SheetWindow::keyPressEvent(event);
 }
 
-void Sheet::place() {
-    move(under->mapToGlobal(under->rect().center()) - rect().center());
-}
-
-bool Sheet::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == under && layer != nullptr &&
-        (event->type() == QEvent::Resize || event->type() == QEvent::Move)) {
-        layer->setGeometry(under->rect());
-        fit();
-        place();
-    }
-    return QDialog::eventFilter(watched, event);
-}
-
-void Sheet::paintEvent(QPaintEvent*) {
-    const Palette& palette = Palette::of(*this);
+void Sheet::paintEvent(QPaintEvent* event) {
+    SheetWindow::paintEvent(event);
+    if (!isFailure)
+        return;
     QPainter painter(this);
-    paintSurface(painter, rect(), {palette.canvas, palette.rule, Metrics::hairline, Metrics::radiusPanel});
-    if (isFailure)
-        paintSign(painter, heading->geometry().adjusted(-signWidth, 0, 0, 0), Glyph::warning,
-                  Metrics::iconSheet, palette.danger);
-}
-
-void Sheet::resizeEvent(QResizeEvent* event) {
-    QDialog::resizeEvent(event);
-    setMask(roundedRegion(size(), Metrics::radiusPanel));
-    // Its height follows its texts.
-    if (layer != nullptr)
-        place();
+    paintSign(painter, heading->geometry().adjusted(-signWidth, 0, 0, 0), Glyph::warning, Metrics::iconSheet,
+              Palette::of(*this).danger);
 }
 
 void Sheet::setFailure(bool failure) {

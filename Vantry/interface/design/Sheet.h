@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QDialog>
 #include <QHBoxLayout>
-#include <QPointer>
 #include <QVBoxLayout>
 
+#include "Vantry/interface/design/SheetWindow.h"
 #include "Vantry/interface/design/VantryType.h"
 
 class QScrollArea;
@@ -14,19 +13,14 @@ namespace vantry {
 class Button;
 class Label;
 
-/// A small dialog over a window: a title, its content, buttons at the right. It is window-modal and stands in
-/// the middle of its window, which lies under a layer meanwhile; show it by `open()`. Where the window is too
-/// low for it, what is between title and buttons scrolls.
-class Sheet : public QDialog {
+/// A small dialog over a window: a title, its content, buttons at the right. Where the window is too low for
+/// it, what is between title and buttons scrolls.
+class Sheet : public SheetWindow {
     Q_OBJECT
 
 public:
     /// `title` is the type of its title.
     explicit Sheet(QWidget* parent, VantryType::Role title = VantryType::Role::heading);
-    ~Sheet() override;
-
-    /// What the next sheet belongs over: the topmost of those on screen, else `window`.
-    [[nodiscard]] static QWidget* topmostOver(QWidget& window);
 
     void setTitle(const QString& title);
     /// What it has to tell, below the title. With a message it is an alert to assistive tools.
@@ -39,25 +33,18 @@ public:
 protected:
     /// Puts the sign of a failure in front of title and message, or takes it away.
     void setFailure(bool failure);
-    bool event(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    /// As wide as all are, and as high as its wrapped texts need at that width.
+    [[nodiscard]] QSize wantedSize() override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
-    void fit();
-    void appear();
-    void disappear();
-    void place();
-
     Label* heading;
     Label* message = nullptr;
     QScrollArea* body;
     QVBoxLayout* column;
     QHBoxLayout* row;
-    QPointer<QWidget> under;
-    QPointer<QWidget> layer;
     bool isFailure = false;
 };
 

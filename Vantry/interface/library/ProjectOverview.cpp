@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "Vantry/app/QtText.h"
-#include "Vantry/documents/CallSheetPDF.h"
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Card.h"
 #include "Vantry/interface/design/Compose.h"
@@ -17,6 +16,7 @@
 #include "Vantry/interface/library/ProjectTab.h"
 #include "Vantry/interface/pages/JoinedFacts.h"
 #include "Vantry/interface/pages/RowKey.h"
+#include "Vantry/interface/pages/ShootTime.h"
 #include "Vantry/schedule/rules/LibraryOutlook.h"
 
 namespace vantry {
@@ -139,7 +139,7 @@ void ProjectOverview::fillSummaries(const Project& project) {
     openPeople->setPlain(text(u"打开人员信息板", u"Open people board"));
     FactRow::Content sheet{Glyph::document, QString(), QStringLiteral("Call Sheet")};
     if (const CallSheet* next = nextCallSheet(project, store().now())) {
-        sheet.below = QString::fromStdString(CallSheetPDF::dateText(*next));
+        sheet.below = QString::fromStdString(longDay(next->date, next->calendar().zone(), store().english()));
         sheet.further = joinedFacts({toQString((*next)["generalCall"]), toQString((*next)["location"])});
     } else {
         sheet.below = text(u"还没有通告单", u"No call sheets yet");

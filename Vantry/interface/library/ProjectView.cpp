@@ -54,10 +54,12 @@ bool ProjectView::fill() {
                       text(u"导演 · ", u"Director · ") + (project->director.empty()
                                                               ? text(u"待填写", u"Not set")
                                                               : toQString(project->director)));
-    tabs->setTitles({text(u"拍摄总览", u"Overview"), text(u"剧组与演员", u"People"),
-                     QStringLiteral("Call Sheet"), text(u"项目信息", u"Details"),
-                     text(u"相关资料", u"Related files")},
-                    store().english());
+    const QStringList titles{text(u"拍摄总览", u"Overview"), text(u"剧组与演员", u"People"),
+                             QStringLiteral("Call Sheet"), text(u"项目信息", u"Details"),
+                             text(u"相关资料", u"Related files")};
+    tabs->setTitles(titles, store().english());
+    for (std::size_t tab = 0; tab < pages.size(); ++tab)
+        pages.at(tab)->setAccessibleName(titles.at(static_cast<qsizetype>(tab)));
     removal->setTexts(text(u"删除项目…", u"Delete project…"),
                       text(u"删除项目及其全部记录？可用撤销结构修改恢复。",
                            u"Delete this project and all its records? You can undo the structure change."));

@@ -21,14 +21,19 @@ NewProjectSheet::NewProjectSheet(QWidget* parent)
         buttons().addWidget(button);
     }
     create->setDefault(true);
-    create->setEnabled(false);
-    connect(nameField, &QLineEdit::textChanged, this,
-            [this](const QString& text) { create->setEnabled(!isBlank(text.toStdString())); });
+    fillCreate();
+    connect(nameField, &QLineEdit::textChanged, this, &NewProjectSheet::fillCreate);
     connect(cancel, &Button::clicked, this, &NewProjectSheet::reject);
     connect(create, &Button::clicked, this, &NewProjectSheet::createPressed);
 }
 
-void NewProjectSheet::refresh(bool english) {
+void NewProjectSheet::fillCreate() {
+    create->setEnabled(canWrite && !isBlank(name().toStdString()));
+}
+
+void NewProjectSheet::refresh(bool english, bool loadFailed) {
+    canWrite = !loadFailed;
+    fillCreate();
     setTitle(english ? QStringLiteral("New project") : QStringLiteral("新建项目"));
     nameField->setTitle(english ? QStringLiteral("Project name") : QStringLiteral("项目名称"));
     directorField->setTitle(english ? QStringLiteral("Director") : QStringLiteral("导演"));

@@ -14,7 +14,8 @@ class NewProjectSheet final : public Sheet {
 public:
     explicit NewProjectSheet(QWidget* parent);
 
-    void refresh(bool english);
+    /// While the library cannot be written nothing can be created.
+    void refresh(bool english, bool loadFailed);
     /// Opens with both fields empty.
     void start();
 
@@ -27,6 +28,9 @@ signals:
     void createPressed();
 
 private:
+    void fillCreate();
+
+    bool canWrite = true;
     VantryTextField* nameField;
     VantryTextField* directorField;
     Button* cancel;

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -82,6 +83,10 @@ RootView::RootView(VantryStore& opened, AppDelegate& guard)
     });
     connect(crumbBar, &CrumbBar::routePressed, this, &RootView::go);
     connect(newProject, &NewProjectSheet::createPressed, this, &RootView::createProject);
+    // The key for it on every desktop; Qt itself knows only Alt.
+    auto* menuKey = new QShortcut(Qt::Key_F10, this);
+    connect(menuKey, &QShortcut::activated, menuBar(),
+            [bar = menuBar()] { bar->setActiveAction(bar->actions().constFirst()); });
     showPage();
 }
 
@@ -224,7 +229,7 @@ void RootView::refreshNow() {
         crumbBar->refresh(crumbs(store.library(), route, english), route);
         page->refresh();
         statusLine->refresh(store);
-        newProject->refresh(english);
+        newProject->refresh(english, store.loadFailed());
         // The question of the guard tells the failure itself.
         if (!delegate.isAsking())
             alert->refresh();

@@ -9,11 +9,18 @@
 namespace vantry {
 namespace {
 
-constexpr std::array<std::string_view, 7> weekdays{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
-constexpr std::array<std::string_view, 7> weekdaysInChinese{"周日", "周一", "周二", "周三",
-                                                            "周四", "周五", "周六"};
-constexpr std::array<std::string_view, 12> months{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                                  "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+constexpr std::array<std::string_view, 7> weekdays{"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                                   "Thursday", "Friday", "Saturday"};
+constexpr std::array<std::string_view, 7> weekdaysInChinese{"日", "一", "二", "三", "四", "五", "六"};
+constexpr std::array<std::string_view, 12> months{"January",   "February", "March",    "April",
+                                                  "May",       "June",     "July",     "August",
+                                                  "September", "October",  "November", "December"};
+/// English days and months are cut behind so many letters in lists.
+constexpr std::size_t shortName = 3;
+
+std::string_view monthOf(const ClockReading& clock) {
+    return months.at(static_cast<std::size_t>(clock.month) - 1);
+}
 
 /// 0 is Sunday. The calendar repeats itself every 400 years.
 std::size_t weekdayOf(const ClockReading& clock) {
@@ -33,11 +40,22 @@ std::string shootTime(Moment moment, Moment now, const Zone& zone, bool english)
     const std::size_t weekday = weekdayOf(clock);
     const std::string day = std::to_string(clock.day);
     if (english)
-        return std::string(weekdays.at(weekday)) + " " + day + " " +
-               std::string(months.at(static_cast<std::size_t>(clock.month) - 1)) +
+        return std::string(weekdays.at(weekday).substr(0, shortName)) + " " + day + " " +
+               std::string(monthOf(clock).substr(0, shortName)) +
                (isOtherYear ? " " + std::to_string(clock.year) : "") + ", " + clock.timeText();
     return (isOtherYear ? std::to_string(clock.year) + "年" : "") + std::to_string(clock.month) + "月" + day +
-           "日 " + std::string(weekdaysInChinese.at(weekday)) + " " + clock.timeText();
+           "日 周" + std::string(weekdaysInChinese.at(weekday)) + " " + clock.timeText();
+}
+
+std::string longDay(Moment moment, const Zone& zone, bool english) {
+    const ClockReading clock = readClock(moment, zone);
+    const std::size_t weekday = weekdayOf(clock);
+    const std::string day = std::to_string(clock.day);
+    const std::string year = std::to_string(clock.year);
+    if (english)
+        return std::string(weekdays.at(weekday)) + " " + day + " " + std::string(monthOf(clock)) + " " + year;
+    return year + "年" + std::to_string(clock.month) + "月" + day + "日 星期" +
+           std::string(weekdaysInChinese.at(weekday));
 }
 
 }  // namespace vantry

@@ -290,6 +290,43 @@ TEST(FactRow, ShowsOnlyWhatItHasLetterByLetter) {
     EXPECT_EQ(seen, (QStringList{tricky, endless}));
 }
 
+TEST(FactRow, HasItsSignBesideTheFirstTwoOfThreeLines) {
+    QWidget window;
+    auto* row = new FactRow(FactRow::Edge::text);
+    FactRow::Content content;
+    content.glyph = Glyph::document;
+    content.name = QStringLiteral("Call Sheet");
+    content.below = QStringLiteral("Sunday");
+    show(window, row, 300);
+    const auto middleOfSign = [&] {
+        const QImage image = row->grab().toImage();
+        const QColor plain = image.pixelColor(image.width() - 1, 0);
+        int top = -1;
+        int bottom = -1;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < Metrics::iconLarge; ++x)
+                if (image.pixelColor(x, y) != plain) {
+                    top = top < 0 ? y : top;
+                    bottom = y;
+                }
+        return (top + bottom) / 2;
+    };
+    row->setContent(content);
+    for (int turn = 0; turn < 3; ++turn)
+        QApplication::processEvents();
+    EXPECT_NEAR(middleOfSign(), row->height() / 2, 2);
+    content.further = QStringLiteral("17:00");
+    row->setContent(content);
+    for (int turn = 0; turn < 3; ++turn)
+        QApplication::processEvents();
+    const int nameAndBelow =
+        VantryType::lineHeight(VantryType::Role::emphasis) + VantryType::lineHeight(VantryType::Role::label);
+    EXPECT_NEAR(middleOfSign(),
+                (row->height() - nameAndBelow - VantryType::lineHeight(VantryType::Role::label)) / 2 +
+                    nameAndBelow / 2,
+                2);
+}
+
 TEST(LinkCard, GrowsWithItsDetailAndSpeaksIt) {
     LinkCard card(Glyph::search);
     card.setTexts(tricky, endless);

@@ -129,6 +129,7 @@ TEST_F(SheetTest, WithAMessageItIsAnAlert) {
     EXPECT_EQ(alert->role(), QAccessible::AlertMessage);
     EXPECT_EQ(alert->text(QAccessible::Name), QStringLiteral("Operation could not complete"));
     EXPECT_EQ(alert->text(QAccessible::Description), shortText);
+    EXPECT_TRUE(alert->state().modal);
     QuestionSheet question(&window);
     question.setTexts(QStringLiteral("Delete?"), QStringLiteral("No"), QStringLiteral("Yes"));
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&question)->role(), QAccessible::Dialog);

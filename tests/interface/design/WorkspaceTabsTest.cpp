@@ -127,6 +127,19 @@ TEST_P(WorkspaceTabsTest, IsOneStopForTabWithinWhichArrowsChoose) {
     EXPECT_TRUE(segments[2]->hasFocus());
 }
 
+TEST_P(WorkspaceTabsTest, HomeAndEndChooseTheFirstAndTheLast) {
+    QSignalSpy spy(tabs, &WorkspaceTabs::chosen);
+    segments[0]->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(segments[0], Qt::Key_End);
+    EXPECT_EQ(tabs->chosenIndex(), 2);
+    EXPECT_TRUE(segments[2]->hasFocus());
+    QTest::keyClick(segments[2], Qt::Key_Home);
+    EXPECT_EQ(tabs->chosenIndex(), 0);
+    EXPECT_TRUE(segments[0]->hasFocus());
+    QTest::keyClick(segments[0], Qt::Key_Home);
+    EXPECT_EQ(spy.count(), 2) << "it is chosen already";
+}
+
 TEST_P(WorkspaceTabsTest, FillAndDotMoveAsASelection) {
     static_cast<void>(window.grab());
     preference.setChoice(false);

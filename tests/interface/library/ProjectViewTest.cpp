@@ -7,6 +7,7 @@
 #include "Vantry/interface/design/WorkspaceTabs.h"
 #include "Vantry/interface/library/PlanRows.h"
 #include "Vantry/interface/library/ProjectTab.h"
+#include "Vantry/interface/pages/ShootTime.h"
 #include "tests/interface/library/DeskFixture.h"
 
 namespace vantry::test {
@@ -160,6 +161,21 @@ TEST_F(ProjectViewTest, OnlyTheTabThatIsChosenCanBeReached) {
     EXPECT_EQ(find<QAbstractButton>(page(), QStringLiteral("删除项目…")), nullptr);
 }
 
+TEST_F(ProjectViewTest, WhatATabShowsIsCalledAsTheTab) {
+    tab(people);
+    const auto named = [&](const QString& name) {
+        const QList<Page*> parts = page().findChildren<Page*>();
+        return std::any_of(parts.cbegin(), parts.cend(), [&](const Page* part) {
+            return part->isVisible() && part->accessibleName() == name;
+        });
+    };
+    EXPECT_TRUE(named(QStringLiteral("剧组与演员")));
+    EXPECT_FALSE(named(QStringLiteral("拍摄总览")));
+    store->setLanguage("en");
+    settle();
+    EXPECT_TRUE(named(QStringLiteral("People")));
+}
+
 TEST_F(ProjectViewTest, PeopleAreCountedAndListed) {
     store->updateProject(project, [](Project& held) {
         held.setCrew({CrewMember::make(CrewRole::makeup, "Ann & <b>Co</b>")});
@@ -176,6 +192,8 @@ TEST_F(ProjectViewTest, TheNextCallSheetIsTheFirstWhoseDayIsNotOver) {
     expectShown({QStringLiteral("17:00 · Pier & <b>3</b>")});
     setSheets({{-3, "05:00"}, {0, "06:00"}, {2, "17:00"}});
     expectShown({QStringLiteral("06:00 · Pier & <b>3</b>")});
+    const CallSheet& today = store->project(project)->callSheets()[1];
+    expectShown({QString::fromStdString(longDay(today.date, today.calendar().zone(), false))});
     tab(callSheets);
     EXPECT_NE(find<Label>(page(), QStringLiteral("05:00 · Pier & <b>3</b>")), nullptr);
 }

@@ -36,6 +36,15 @@ TEST(ShootTime, NamesEveryDayOfTheWeek) {
     }
 }
 
+TEST(ShootTime, TellsADayInFull) {
+    const Moment evening = support::utc(2026, 11, 21, 12, 30);
+    EXPECT_EQ(longDay(evening, shanghai, true), "Saturday 21 November 2026");
+    EXPECT_EQ(longDay(evening, shanghai, false), "2026年11月21日 星期六");
+    const Moment night = support::utc(2026, 5, 2, 18);
+    EXPECT_EQ(longDay(night, shanghai, true), "Sunday 3 May 2026");
+    EXPECT_EQ(longDay(night, shanghai, false), "2026年5月3日 星期日");
+}
+
 TEST(ShootTime, NamesEveryMonth) {
     const char* const months[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                   "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};

@@ -1,5 +1,7 @@
 // Every control of every page has a role and a name, in both languages.
 
+#include <QMenuBar>
+
 #include "Vantry/interface/design/Sheet.h"
 #include "Vantry/interface/shots/StoryboardImage.h"
 #include "tests/interface/window/WindowFixture.h"
@@ -168,6 +170,14 @@ TEST_F(AccessibilityTest, TheFrameOfTheWindow) {
     go(Route::library());
     EXPECT_TRUE(
         QAccessible::queryAccessibleInterface(&const_cast<QAbstractButton&>(library))->state().selected);
+}
+
+TEST_F(AccessibilityTest, TheMenusOpenByTheirKey) {
+    QTest::keyClick(window.get(), Qt::Key_F10);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->menuAction(), window->menuBar()->actions().constFirst());
+    menu->close();
 }
 
 TEST_F(AccessibilityTest, TheSheet) {

@@ -98,7 +98,8 @@ TEST_F(FailureTest, ALibraryThatCannotBeReadIsProtected) {
     clickOnPage(QStringLiteral("新建项目"));
     auto* sheet = QApplication::activeModalWidget();
     QTest::keyClicks(&get<QLineEdit>(QStringLiteral("项目名称"), sheet), QStringLiteral("x"));
-    click(QStringLiteral("创建"), sheet);
+    EXPECT_FALSE(get<QAbstractButton>(QStringLiteral("创建"), sheet).isEnabled());
+    QTest::keyClick(sheet, Qt::Key_Return);
     EXPECT_TRUE(sheet->isVisible()) << "refused: nothing happens";
     EXPECT_TRUE(store->library().projects.empty());
     click(QStringLiteral("取消"), sheet);
