@@ -116,12 +116,13 @@ private:
 
 class SheetAccessible final : public QAccessibleWidget {
 public:
-    explicit SheetAccessible(Sheet* shown)
+    explicit SheetAccessible(SheetWindow* shown)
         : QAccessibleWidget(shown, QAccessible::Dialog)
         , sheet(shown) {}
 
     [[nodiscard]] QAccessible::Role role() const override {
-        return sheet->isAlert() ? QAccessible::AlertMessage : QAccessible::Dialog;
+        const auto* small = qobject_cast<Sheet*>(sheet);
+        return small != nullptr && small->isAlert() ? QAccessible::AlertMessage : QAccessible::Dialog;
     }
     [[nodiscard]] QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
@@ -130,7 +131,7 @@ public:
     }
 
 private:
-    Sheet* sheet;
+    SheetWindow* sheet;
 };
 
 /// What only adorns: assistive tools pass over what nobody can see.
@@ -159,7 +160,7 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
         return new QAccessibleWidget(choice, QAccessible::Grouping);
     if (auto* rating = qobject_cast<StarRating*>(object))
         return new QAccessibleWidget(rating, QAccessible::Grouping);
-    if (auto* sheet = qobject_cast<Sheet*>(object))
+    if (auto* sheet = qobject_cast<SheetWindow*>(object))
         return new SheetAccessible(sheet);
     if (auto* page = qobject_cast<Page*>(object))
         return new QAccessibleWidget(page, QAccessible::Pane);

@@ -150,6 +150,7 @@ struct Metrics {
     static constexpr int startFieldWidth = 240;
     static constexpr int durationFieldWidth = 170;
     static constexpr int soundTakeWidth = 84;
+    static constexpr int aroundNotes = 440;  ///< of a take's page, what is not its notes
     static constexpr int takeRowHeight = 56;
     static constexpr int takeNameWidth = 76;
     static constexpr int takeResultWidth = 72;
@@ -161,6 +162,7 @@ struct Metrics {
     // Storyboard frames.
     static constexpr int enlargeMark = 24;  ///< the square at the corner of a frame
     static constexpr int enlargeInset = 6;  ///< from both edges
+    static constexpr int iconMark = 14;     ///< the sign on it
     static constexpr int viewerWidth = 1120;
     static constexpr int viewerHeight = 760;
     static constexpr int viewerSpace = 32;  ///< around a frame at 100%, both sides together

@@ -21,6 +21,8 @@ public:
 protected:
     /// The size that it asks for; it gets less where its window is smaller.
     [[nodiscard]] virtual QSize wantedSize() = 0;
+    /// Takes the size that it asks for, as far as there is room. Done by itself whenever it may differ.
+    void fit();
 
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -28,7 +30,6 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void fit();
     void appear();
     void disappear();
     void place();

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QRectF>
+
+#include "VantryCore/records/Stroke.h"
+
+class QColor;
+class QPainter;
+
+namespace vantry {
+
+/// Where `points` lie on their frame, as fractions of it; a null rectangle without points.
+[[nodiscard]] QRectF boundsOf(const std::vector<Point>& points);
+/// The place on a frame at `place` that a line through all of `bounds` can colour.
+[[nodiscard]] QRectF inkedBy(const QRectF& bounds, const QRectF& place);
+
+/// Draws a stroke on the frame at `place`: a path from point to point, of one point a dot, of none nothing.
+/// Parts that do not touch `exposed` may be left out.
+void paintStroke(QPainter& painter, const std::vector<Point>& points, const QRectF& place,
+                 const QRectF& exposed, const QColor& ink);
+
+}  // namespace vantry
