@@ -12,40 +12,93 @@
 namespace vantry {
 namespace {
 
-/// In kilobytes: some twenty images as large as a screen.
-constexpr qsizetype memoryBound = qsizetype{128} * 1024;
+// In kilobytes.
+constexpr qsizetype shownBound = qsizetype{48} * 1024;    ///< some hundred frames of pages
+constexpr qsizetype sourcesBound = qsizetype{64} * 1024;  ///< some thirty photographs
+constexpr qsizetype largeBound = qsizetype{128} * 1024;   ///< the one that is looked at closely
+
+/// What pages show is no larger, on screens of twice the density too.
+constexpr QSize pageRoom(1024, 1024);
+/// Larger sizes are decoded in steps of this, so that a window that grows does not decode at each point.
+constexpr int roomStep = 512;
 
 bool isSameFile(const FileStatus& a, const FileStatus& b) {
     return a.identity == b.identity && a.size == b.size;
+}
+
+bool isWithin(const QSize& size, const QSize& bound) {
+    return size.width() <= bound.width() && size.height() <= bound.height();
 }
 
 QString nameOf(const std::string& key, const QSize& bound) {
     return QStringLiteral("%1 %2x%3").arg(QString::fromStdString(key)).arg(bound.width()).arg(bound.height());
 }
 
+/// In the form that is painted without being converted.
+QImage readyToPaint(const QImage& image) {
+    return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                         : QImage::Format_RGB32);
+}
+
+/// How large to decode what is shown in `bound`.
+QSize roomFor(const QSize& bound) {
+    if (bound.isEmpty() || isWithin(bound, pageRoom))
+        return bound.isEmpty() ? QSize() : pageRoom;
+    const auto stepped = [](int side) { return (side + roomStep - 1) / roomStep * roomStep; };
+    return {stepped(bound.width()), stepped(bound.height())};
+}
+
+QImage scaledInto(const QImage& image, const QSize& bound) {
+    if (image.isNull() || bound.isEmpty() || isWithin(image.size(), bound))
+        return image;
+    return image.scaled(image.size().scaled(bound, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)),
+                        Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 }  // namespace
 
 StoryboardImages::StoryboardImages(std::filesystem::path dataFolder)
     : folder(std::move(dataFolder))
-    , decoded(memoryBound) {}
+    , shown(shownBound)
+    , sources(sourcesBound)
+    , large(largeBound) {}
 
 QImage StoryboardImages::image(const std::string& key, const QSize& bound) {
-    const QString name = nameOf(key, bound);
     FileOperations& disk = FileOperations::system();
-    const auto file = MediaFolder(folder, disk).fileOf(key);
     try {
-        const auto status = disk.status(file);
+        const auto status = disk.status(MediaFolder(folder, disk).fileOf(key));
         if (!status || !status->isRegularFile())
             return {};
-        if (const Decoded* known = decoded.object(name); known != nullptr && isSameFile(known->file, *status))
+        const QSize wanted = bound.isEmpty() ? QSize() : bound.boundedTo(QSize(largestSide, largestSide));
+        Shelf& shelf = !wanted.isEmpty() && isWithin(wanted, pageRoom) ? shown : large;
+        const QString name = nameOf(key, wanted);
+        if (const Decoded* known = shelf.object(name); known != nullptr && isSameFile(known->file, *status))
             return known->image;
-        QImage image = readImage(readWhole(file, VantryBackup::largestFile, disk), bound);
-        if (!image.isNull())
-            decoded.insert(name, new Decoded{image, *status}, image.sizeInBytes() / 1024 + 1);
+        const QImage image = scaledInto(source(key, wanted, *status), wanted);
+        shelf.insert(name, new Decoded{image, *status, wanted}, image.sizeInBytes() / 1024 + 1);
         return image;
     } catch (const std::exception&) {
         return {};  // an image that cannot be read is shown as none
     }
+}
+
+QImage StoryboardImages::source(const std::string& key, const QSize& bound, const FileStatus& file) {
+    const QString name = QString::fromStdString(key);
+    for (Shelf* shelf : {&sources, &large})
+        if (const Decoded* known = shelf->object(name);
+            known != nullptr && isSameFile(known->file, file) &&
+            (known->room.isEmpty() || (!bound.isEmpty() && isWithin(bound, known->room))))
+            return known->image;
+    FileOperations& disk = FileOperations::system();
+    QSize room = roomFor(bound);
+    const QImage image = readyToPaint(
+        readImage(readWhole(MediaFolder(folder, disk).fileOf(key), VantryBackup::largestFile, disk), room));
+    Shelf& shelf = room == pageRoom ? sources : large;
+    // Smaller than it might be: that is its own size.
+    if (image.width() < room.width() && image.height() < room.height())
+        room = {};
+    shelf.insert(name, new Decoded{image, file, room}, image.sizeInBytes() / 1024 + 1);
+    return image;
 }
 
 std::string StoryboardImages::import(std::string_view bytes, FileOperations& disk) {

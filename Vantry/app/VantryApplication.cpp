@@ -12,6 +12,10 @@ VantryApplication::VantryApplication(int& argc, char** argv)
     setApplicationDisplayName(QStringLiteral("Vantry"));
     setApplicationVersion(QStringLiteral("0.7.7"));
     setDesktopFileName(QStringLiteral("vantry"));
+    // Each place where mouse, finger or pen has been is a point of a drawing. Only now: the platform has set
+    // its own wish by the time the application is there.
+    setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
+    setAttribute(Qt::AA_CompressTabletEvents, false);
 }
 
 VantryApplication& VantryApplication::instance() {

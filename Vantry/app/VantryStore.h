@@ -106,19 +106,19 @@ public:
     // What leaves and comes in. Each call lasts until the person has answered the panel.
     /// Saves, then writes the library with its images to a file that the person chooses.
     void exportBackup();
-    /// Merges a backup that the person chooses; tells in `notice` what it did.
-    void importBackup();
+    void importBackup();  ///< merges a backup that the person chooses; tells in `notice` what it did
     /// Merges the backup in the bytes of a file into the library in memory, unsaved text included, as one
     /// structural change that is saved first. Throws what failed; then nothing has changed anywhere.
     MergeReport mergeBackupData(std::string file);
 
-    /// Brings an image that the person chooses into the shot.
+    /// Brings an image that the person chooses, or the one in the file of that path, into the shot.
     void importImage(Identifier projectID, Identifier actID, Identifier shotID);
+    void importImageFile(Identifier projectID, Identifier actID, Identifier shotID, const std::string& path);
     /// The image of that key, no larger than `bound`, not enlarged; null without key, file or image.
     [[nodiscard]] QImage image(const std::optional<Text>& key, const QSize& bound);
     /// The bytes of the image file of that key; none when there is no such file.
     [[nodiscard]] std::string imageFile(const Text& key) const;
-    /// Asks where to keep a document, makes it, writes it whole or not at all, opens it. Reports to `error`.
+    /// Asks where to keep a document, makes and writes it whole or not at all, opens it. Reports to `error`.
     void exportDocument(const std::string& suggestedName, const std::function<QByteArray()>& make);
     [[nodiscard]] Moment now() const { return around_.clock->now(); }
     /// Saves 0.35 s from now, unless called again before.

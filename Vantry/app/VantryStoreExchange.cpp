@@ -131,11 +131,16 @@ MergeReport VantryStore::mergeBackupData(std::string file) {
 void VantryStore::importImage(Identifier projectID, Identifier actID, Identifier shotID) {
     if (loadFailed() || around_.panels == nullptr)
         return;
-    const auto file = around_.panels->open(FilePanels::Content::image, english());
-    if (!file)
+    if (const auto file = around_.panels->open(FilePanels::Content::image, english()))
+        importImageFile(projectID, actID, shotID, file->string());
+}
+
+void VantryStore::importImageFile(Identifier projectID, Identifier actID, Identifier shotID,
+                                  const std::string& path) {
+    if (loadFailed())
         return;
     try {
-        const std::string bytes = readWhole(*file, VantryBackup::largestImage, *around_.disk);
+        const std::string bytes = readWhole(path, VantryBackup::largestImage, *around_.disk);
         const std::string key = images.import(bytes, *around_.disk);
         markCheckpoint();
         updateShot(projectID, actID, shotID, [&](Shot& shot) { shot.imageKey = Text(key); });

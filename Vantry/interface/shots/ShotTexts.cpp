@@ -19,6 +19,10 @@ QString firstLineOf(const Text& text) {
     return toQString(trimmed(written.substr(0, written.find_first_of("\r\n"))));
 }
 
+QString emptyFrameText(bool english) {
+    return english ? QStringLiteral("Import or draw a storyboard") : QStringLiteral("导入图片或绘制分镜");
+}
+
 QString resultWord(TakeResult result, bool english) {
     switch (result) {
     case TakeResult::good:

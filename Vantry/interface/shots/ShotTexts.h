@@ -14,6 +14,8 @@ namespace vantry {
 [[nodiscard]] QString takeName(const VantryTake& take);
 /// The first line of `text` that is not blank, without the blanks around it.
 [[nodiscard]] QString firstLineOf(const Text& text);
+/// What stands in a storyboard frame that has neither image nor drawing.
+[[nodiscard]] QString emptyFrameText(bool english);
 /// The verdict as a word.
 [[nodiscard]] QString resultWord(TakeResult result, bool english);
 

@@ -23,14 +23,6 @@ constexpr qreal ratio = 16.0 / 9.0;
 /// A picture of more pixels is not kept: of so large a frame only a part is in sight.
 constexpr qreal mostPictured = 4'000'000;
 
-QPainterPath shapeOf(const QRectF& place) {
-    constexpr qreal half = Metrics::hairline / 2.0;
-    QPainterPath shape;
-    shape.addRoundedRect(place.adjusted(half, half, -half, -half), Metrics::radiusTrack,
-                         Metrics::radiusTrack);
-    return shape;
-}
-
 }  // namespace
 
 StoryboardFrame::StoryboardFrame(VantryStore& source)
@@ -45,6 +37,14 @@ QRectF StoryboardFrame::within(const QRectF& space) {
             size};
 }
 
+QPainterPath StoryboardFrame::shapeOf(const QRectF& place) {
+    constexpr qreal half = Metrics::hairline / 2.0;
+    QPainterPath shape;
+    shape.addRoundedRect(place.adjusted(half, half, -half, -half), Metrics::radiusTrack,
+                         Metrics::radiusTrack);
+    return shape;
+}
+
 int StoryboardFrame::heightFor(int width) {
     return qRound(width / ratio);
 }
@@ -55,14 +55,17 @@ bool StoryboardFrame::fill(const Shot& shot, const QString& hint) {
         picture = {};
     imageKey = shot.imageKey;
     differs = setStrokes(shot.strokes) || differs;
-    if (isEmpty() && hint != shownHint) {
-        differs = true;
-        picture = {};
-    }
-    shownHint = hint;
+    differs = (isEmpty() && hint != shownHint) || differs;
+    setHint(hint);
     // The file may have come or gone meanwhile.
     return differs ||
            (!picture.isNull() && imageFor(pictured.size, pictured.scale).cacheKey() != pictured.image);
+}
+
+void StoryboardFrame::setHint(const QString& hint) {
+    if (isEmpty() && hint != shownHint)
+        picture = {};
+    shownHint = hint;
 }
 
 bool StoryboardFrame::setStrokes(const std::vector<Stroke>& next) {
@@ -153,7 +156,7 @@ void StoryboardFrame::paintContent(QPainter& painter, const QRectF& place, const
     painter.fillPath(shape, palette.tint);
     painter.save();
     painter.setClipPath(shape, Qt::IntersectClip);
-    if (isEmpty())
+    if (isEmpty() && !shownHint.isEmpty())
         paintHint(painter, place, palette);
     if (!image.isNull()) {
         QRectF whole(QPointF(), QSizeF(image.size()).scaled(place.size(), Qt::KeepAspectRatio));

@@ -3,6 +3,7 @@
 #include <optional>
 #include <vector>
 
+#include <QPainterPath>
 #include <QPixmap>
 #include <QRectF>
 #include <QString>
@@ -27,12 +28,16 @@ public:
 
     /// The largest frame that fits into `space`, in the middle.
     [[nodiscard]] static QRectF within(const QRectF& space);
+    /// The outline of the frame at `place`, with its round corners.
+    [[nodiscard]] static QPainterPath shapeOf(const QRectF& place);
     /// The height of a frame of that width.
     [[nodiscard]] static int heightFor(int width);
 
     /// Shows the image and the drawing of that shot. `hint` stands in it while there is neither; it is left
     /// out where the frame is too small for it. Answers whether there is something else to see.
     [[nodiscard]] bool fill(const Shot& shot, const QString& hint);
+    /// What stands in it while it has neither image nor drawing; the empty text: nothing.
+    void setHint(const QString& hint);
     /// Shows that drawing instead. Answers whether it is another one.
     bool setStrokes(const std::vector<Stroke>& strokes);
     /// Whether it has neither an image, even one whose file has gone, nor a drawing.

@@ -12,6 +12,7 @@
 #include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/FocusRing.h"
 #include "Vantry/interface/design/Glyph.h"
+#include "Vantry/interface/shots/ShotTexts.h"
 #include "Vantry/interface/shots/StoryboardViewer.h"
 
 namespace vantry {
@@ -46,7 +47,7 @@ void StoryboardPreview::fill(const Shot& shot, bool english) {
     shotID = shot.id;
     setPlain(text(u"放大分镜图片", u"Enlarge storyboard") + QStringLiteral(" · ") + toQString(shot.code));
     setHelp(*this, text(u"点击放大查看", u"Click to enlarge"));
-    const bool differs = frame.fill(shot, text(u"导入图片或绘制分镜", u"Import or draw a storyboard"));
+    const bool differs = frame.fill(shot, emptyFrameText(english));
     if (!differs && shot.cancelled == faded)
         return;
     faded = shot.cancelled;

@@ -143,7 +143,7 @@ void StoryboardViewer::refresh() {
     const auto text = [english](QStringView zh, QStringView en) { return (english ? en : zh).toString(); };
     const QString name = shotName(*shot);
     setTitle(name);
-    image->fill(*shot, name, text(u"导入图片或绘制分镜", u"Import or draw a storyboard"));
+    image->fill(*shot, name, emptyFrameText(english));
     zoomOut->setPlain(text(u"缩小", u"Zoom out"));
     zoomIn->setPlain(text(u"放大", u"Zoom in"));
     fitToWindow->setPlain(text(u"适合窗口", u"Fit to window"));
