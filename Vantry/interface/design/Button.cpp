@@ -2,8 +2,11 @@
 
 #include <algorithm>
 
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
+#include "Vantry/interface/design/CellPainting.h"
 #include "Vantry/interface/design/ControlStates.h"
 #include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/VantryType.h"
@@ -40,6 +43,21 @@ void Button::setTrailing(Glyph sign) {
     update();
 }
 
+void Button::setCompact(bool signAlone) {
+    if (compact == signAlone)
+        return;
+    compact = signAlone;
+    updateGeometry();
+    update();
+}
+
+bool Button::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || !compact)
+        return Pressable::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), asHelp(plain()), this);
+    return true;
+}
+
 int Button::padding() const {
     if (isInline(kind))
         return VantryInlineButtonStyle::padding;
@@ -47,6 +65,8 @@ int Button::padding() const {
 }
 
 QSize Button::sizeHint() const {
+    if (compact)
+        return {Metrics::controlHeight, VantryQuietButtonStyle::height};
     const int text = fontMetrics().horizontalAdvance(singleLine(plain())) + 1;
     return {text + signWidth(glyph) + signWidth(trailing) + 2 * padding(),
             isInline(kind) ? VantryInlineButtonStyle::height : VantryQuietButtonStyle::height};
@@ -83,6 +103,11 @@ void Button::paintEvent(QPaintEvent*) {
 }
 
 void Button::paintContent(QPainter& painter, const QColor& colour) const {
+    if (compact) {
+        paintSign(painter, rect().adjusted((width() - Metrics::iconSmall) / 2, 0, 0, 0),
+                  glyph == Glyph::none ? trailing : glyph, Metrics::iconSmall, colour);
+        return;
+    }
     const int signs = signWidth(glyph) + signWidth(trailing);
     // A button that was cut to less keeps a hint of room at its ends.
     const int room = width() - signs - 2 * std::min(padding(), Metrics::paddingInline);

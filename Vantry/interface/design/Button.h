@@ -19,11 +19,14 @@ public:
 
     /// A sign behind the text: where it leads, or that it opens something.
     void setTrailing(Glyph glyph);
+    /// Shows its sign alone; the text stays its name and becomes its hover help.
+    void setCompact(bool compact);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -34,6 +37,7 @@ private:
     const Kind kind;
     const Glyph glyph;
     Glyph trailing = Glyph::none;
+    bool compact = false;
 };
 
 }  // namespace vantry

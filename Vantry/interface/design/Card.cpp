@@ -19,8 +19,8 @@ Card::Card(QWidget* parent)
     column->addWidget(label);
 }
 
-void Card::setTitle(const QString& title) {
-    label->setTexts(title);
+void Card::setTitle(const QString& title, const QString& trailing) {
+    label->setTexts(title, trailing);
     label->setVisible(!title.isEmpty());
 }
 

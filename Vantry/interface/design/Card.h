@@ -14,7 +14,8 @@ class Card final : public QWidget {
 public:
     explicit Card(QWidget* parent = nullptr);
 
-    void setTitle(const QString& title);
+    /// With a short fact at the right of the title, if there is one.
+    void setTitle(const QString& title, const QString& trailing = {});
     /// Where the content goes, from the top.
     [[nodiscard]] QVBoxLayout& content() noexcept { return *column; }
 

@@ -45,6 +45,8 @@ LazyCells::LazyCells(Shape cellShape, Make makeCell, Fill fillCell, QWidget* par
 }
 
 qsizetype LazyCells::columnsAt(int width) const {
+    if (shape.columns != nullptr)
+        return shape.columns(width);
     return shape.minimum == 0 ? 1 : planColumns(width, shape.minimum, shape.gap, {}).columns;
 }
 
@@ -66,8 +68,10 @@ QRect LazyCells::place(qsizetype index) const {
     const qsizetype columns = columnsAt(width());
     const int cellWidth = (width() - static_cast<int>(columns - 1) * shape.gap) / static_cast<int>(columns);
     const auto row = static_cast<int>(index / columns);
-    // The last column ends on the right edge, whatever the halves round to.
-    const int left = index % columns == 0 ? 0 : width() - cellWidth;
+    const auto column = static_cast<int>(index % columns);
+    // The last column ends on the right edge, whatever the shares round to.
+    const int left =
+        column > 0 && column + 1 == columns ? width() - cellWidth : column * (cellWidth + shape.gap);
     return {left, row * (shape.height + shape.gap), cellWidth, shape.height};
 }
 

@@ -12,7 +12,7 @@ class QAbstractScrollArea;
 
 namespace vantry {
 
-/// A long list inside a scrolling page: cells of one height, in one column or two, of which only those near
+/// A long list inside a scrolling page: cells of one height, in columns, of which only those near
 /// the visible part of the page exist. Cells are known by a key: as long as a key stays in sight its widget
 /// stays, with its focus; a cell that has the focus stays wherever it is. The keyboard and assistive tools
 /// walk through the cells in their order.
@@ -22,8 +22,9 @@ class LazyCells : public QWidget {
 public:
     struct Shape {
         int height = 0;
-        int gap = 0;      ///< between cells
-        int minimum = 0;  ///< the least width of two columns; 0: always one
+        int gap = 0;                          ///< between cells
+        int minimum = 0;                      ///< the least width of two columns; 0: always one
+        int (*columns)(int width) = nullptr;  ///< or how many there are at that width, in place of `minimum`
     };
     /// Makes the widget of a cell, which never changes its key.
     using Make = std::function<QWidget*(const QByteArray& key, QWidget* holder)>;

@@ -26,7 +26,7 @@ qreal opacity(const QStyleOption& option) {
 
 }  // namespace
 
-void paintPicker(QPainter& painter, const QStyleOptionComplex& option) {
+void paintPicker(QPainter& painter, const QStyleOptionComplex& option, Glyph glyph) {
     const Palette& palette = Palette::of(option.palette);
     const bool focused = option.state.testFlag(QStyle::State_HasFocus);
     VantryFieldStyle::paint(painter, option.rect, palette,
@@ -35,12 +35,20 @@ void paintPicker(QPainter& painter, const QStyleOptionComplex& option) {
     painter.setOpacity(opacity(option));
     const QRectF place(option.rect.right() + 1 - padding - sign,
                        option.rect.top() + (option.rect.height() - sign) / 2.0, sign, sign);
-    paintGlyph(painter, Glyph::chevronsUpDown, place, palette.ink);
+    paintGlyph(painter, glyph, place, palette.ink);
     painter.restore();
 }
 
+QRect pickerTextPlace(const QRect& picker) {
+    return picker.adjusted(padding, Metrics::ring, -padding - sign - Metrics::gapInline, -Metrics::ring);
+}
+
+QRect pickerSignPlace(const QRect& picker) {
+    return picker.adjusted(picker.width() - padding - sign - Metrics::gapInline, 0, 0, 0);
+}
+
 void paintPickerText(QPainter& painter, const QStyleOptionComboBox& option) {
-    const QRect place = option.rect.adjusted(padding, 0, -padding - sign - Metrics::gapInline, 0);
+    const QRect place = pickerTextPlace(option.rect);
     painter.save();
     painter.setOpacity(opacity(option));
     painter.setPen(Palette::of(option.palette).ink);

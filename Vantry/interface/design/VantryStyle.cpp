@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QApplication>
+#include <QDateTimeEdit>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -93,6 +94,9 @@ void VantryStyle::polish(QWidget* widget) {
 void VantryStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                 const QWidget* widget) const {
     const auto* line = qobject_cast<const QLineEdit*>(widget);
+    // A line within another field lies on the surface of that.
+    if (element == PE_PanelLineEdit && line != nullptr && !line->hasFrame())
+        return;
     if (element == PE_PanelLineEdit && line != nullptr)
         paintField(*option, *painter, *line);
     else if (element == PE_PanelMenu)
@@ -131,7 +135,8 @@ void VantryStyle::drawControl(ControlElement element, const QStyleOption* option
 void VantryStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                      QPainter* painter, const QWidget* widget) const {
     if (control == CC_ComboBox) {
-        paintPicker(*painter, *option);
+        const bool opensCalendar = qobject_cast<const QDateTimeEdit*>(widget) != nullptr;
+        paintPicker(*painter, *option, opensCalendar ? Glyph::calendar : Glyph::chevronsUpDown);
         return;
     }
     if (control != CC_ScrollBar) {
@@ -215,6 +220,10 @@ QSize VantryStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
 QRect VantryStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                                   const QWidget* widget) const {
     const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control == CC_ComboBox && part == SC_ComboBoxEditField)
+        return pickerTextPlace(option->rect);
+    if (control == CC_ComboBox && part == SC_ComboBoxArrow)
+        return pickerSignPlace(option->rect);
     if (control != CC_ScrollBar || bar == nullptr)
         return QProxyStyle::subControlRect(control, option, part, widget);
     // A bar without buttons: the handle has the whole length.

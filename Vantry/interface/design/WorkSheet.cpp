@@ -20,12 +20,18 @@ QHBoxLayout* band(int height, QVBoxLayout& rows) {
     return row;
 }
 
+int heightOf(WorkSheet::Footer footer) {
+    if (footer == WorkSheet::Footer::none)
+        return 0;
+    return footer == WorkSheet::Footer::text ? Metrics::sheetFooterHeight : Metrics::sheetButtonsHeight;
+}
+
 }  // namespace
 
 WorkSheet::WorkSheet(const QSize& size, Footer kind, QWidget* parent)
     : SheetWindow(parent)
     , wanted(size)
-    , footerHeight(kind == Footer::text ? Metrics::sheetFooterHeight : Metrics::sheetButtonsHeight)
+    , footerHeight(heightOf(kind))
     , heading(new Label(VantryType::Role::heading, &Palette::ink)) {
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(Metrics::hairline, 0, Metrics::hairline, 0);
@@ -66,9 +72,11 @@ void WorkSheet::paintEvent(QPaintEvent* event) {
     const QRect middle = rect().adjusted(edge, Metrics::sheetHeaderHeight, -edge, -footerHeight);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(middle.left(), middle.top() - edge, middle.width(), edge, palette.rule);
+    if (footerHeight == 0)
+        return;
     painter.fillPath(inside & foot, palette.card);
     painter.fillRect(middle, palette.navigation);
-    painter.fillRect(middle.left(), middle.top() - edge, middle.width(), edge, palette.rule);
     painter.fillRect(middle.left(), middle.bottom() + 1, middle.width(), edge, palette.rule);
 }
 

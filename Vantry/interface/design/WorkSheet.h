@@ -9,13 +9,14 @@ namespace vantry {
 
 class Label;
 
-/// A sheet to work in: its title and actions in a header, what is worked on in the middle, and a footer.
-/// Header and footer keep their height, the middle takes what is left.
+/// A sheet to work in: its title and actions in a header, what is worked on in the middle, and a footer or
+/// none. Header and footer keep their height, the middle takes what is left. Without a footer the middle has
+/// the surface of the sheet.
 class WorkSheet : public SheetWindow {
     Q_OBJECT
 
 public:
-    enum class Footer { text, buttons };
+    enum class Footer { none, text, buttons };
 
     /// `wanted` is its size where the window has room for it.
     WorkSheet(const QSize& wanted, Footer footer, QWidget* parent);

@@ -1,5 +1,7 @@
 #include "Vantry/interface/design/WorkspaceHeading.h"
 
+#include <utility>
+
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/PageHeading.h"
 
@@ -25,7 +27,10 @@ WorkspaceHeading::WorkspaceHeading(int mostLines, QWidget* parent)
 
 void WorkspaceHeading::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    texts->setSubtitleLines(width() >= Metrics::columnsFrom ? 1 : subtitleLines);
+    const bool narrow = width() < Metrics::columnsFrom;
+    texts->setSubtitleLines(narrow ? subtitleLines : 1);
+    if (std::exchange(isNarrow, narrow) != narrow)
+        emit narrowChanged(narrow);
 }
 
 void WorkspaceHeading::setTexts(const QString& section, const QString& title, const QString& subtitle) {

@@ -21,11 +21,16 @@ public:
     /// Where the actions go, from the left.
     [[nodiscard]] QHBoxLayout& actions() noexcept { return *row; }
 
+signals:
+    /// Its page has room for one column only, or for two again.
+    void narrowChanged(bool narrow);
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     const int subtitleLines;
+    bool isNarrow = false;
     PageHeading* texts;
     QHBoxLayout* row;
 };

@@ -18,6 +18,7 @@
 #include "Vantry/interface/library/ProjectView.h"
 #include "Vantry/interface/navigation/Banner.h"
 #include "Vantry/interface/navigation/CrumbBar.h"
+#include "Vantry/interface/navigation/DoubledClickGuard.h"
 #include "Vantry/interface/navigation/NewProjectSheet.h"
 #include "Vantry/interface/navigation/Sidebar.h"
 #include "Vantry/interface/navigation/StatusLine.h"
@@ -83,6 +84,7 @@ RootView::RootView(VantryStore& opened, AppDelegate& guard)
     });
     connect(crumbBar, &CrumbBar::routePressed, this, &RootView::go);
     connect(newProject, &NewProjectSheet::createPressed, this, &RootView::createProject);
+    new DoubledClickGuard([this] { return page; }, this);
     // The key for it on every desktop; Qt itself knows only Alt.
     auto* menuKey = new QShortcut(Qt::Key_F10, this);
     connect(menuKey, &QShortcut::activated, menuBar(),

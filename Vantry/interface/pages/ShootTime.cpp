@@ -32,19 +32,30 @@ std::size_t weekdayOf(const ClockReading& clock) {
     return std::chrono::weekday(std::chrono::sys_days(day)).c_encoding();
 }
 
+/// Day and month, with the year where it is not that of `now`.
+std::string dayOf(const ClockReading& clock, const ClockReading& now, bool english) {
+    const bool isOtherYear = clock.year != now.year;
+    const std::string day = std::to_string(clock.day);
+    const std::string year = std::to_string(clock.year);
+    if (english)
+        return day + " " + std::string(monthOf(clock).substr(0, shortName)) + (isOtherYear ? " " + year : "");
+    return (isOtherYear ? year + "年" : "") + std::to_string(clock.month) + "月" + day + "日";
+}
+
 }  // namespace
 
 std::string shootTime(Moment moment, Moment now, const Zone& zone, bool english) {
     const ClockReading clock = readClock(moment, zone);
-    const bool isOtherYear = clock.year != readClock(now, zone).year;
+    const std::string day = dayOf(clock, readClock(now, zone), english);
     const std::size_t weekday = weekdayOf(clock);
-    const std::string day = std::to_string(clock.day);
     if (english)
-        return std::string(weekdays.at(weekday).substr(0, shortName)) + " " + day + " " +
-               std::string(monthOf(clock).substr(0, shortName)) +
-               (isOtherYear ? " " + std::to_string(clock.year) : "") + ", " + clock.timeText();
-    return (isOtherYear ? std::to_string(clock.year) + "年" : "") + std::to_string(clock.month) + "月" + day +
-           "日 周" + std::string(weekdaysInChinese.at(weekday)) + " " + clock.timeText();
+        return std::string(weekdays.at(weekday).substr(0, shortName)) + " " + day + ", " + clock.timeText();
+    return day + " 周" + std::string(weekdaysInChinese.at(weekday)) + " " + clock.timeText();
+}
+
+std::string dayAndTime(Moment moment, Moment now, const Zone& zone, bool english) {
+    const ClockReading clock = readClock(moment, zone);
+    return dayOf(clock, readClock(now, zone), english) + (english ? ", " : " ") + clock.timeText();
 }
 
 std::string longDay(Moment moment, const Zone& zone, bool english) {

@@ -19,6 +19,10 @@ QString firstLineOf(const Text& text) {
     return toQString(trimmed(written.substr(0, written.find_first_of("\r\n"))));
 }
 
+QString starsText(std::int64_t stars) {
+    return QString::number(stars) + QStringLiteral(" ★");
+}
+
 QString emptyFrameText(bool english) {
     return english ? QStringLiteral("Import or draw a storyboard") : QStringLiteral("导入图片或绘制分镜");
 }
@@ -33,6 +37,18 @@ QString resultWord(TakeResult result, bool english) {
         break;
     }
     return english ? QStringLiteral("Pending") : QStringLiteral("待定");
+}
+
+std::pair<Glyph, Palette::Token> resultSign(TakeResult result) {
+    switch (result) {
+    case TakeResult::good:
+        return {Glyph::check, &Palette::completed};
+    case TakeResult::ng:
+        return {Glyph::cross, &Palette::danger};
+    case TakeResult::pending:
+        break;
+    }
+    return {Glyph::dashedCircle, &Palette::warning};
 }
 
 }  // namespace vantry

@@ -1,25 +1,37 @@
 #include "Vantry/interface/shots/ShotView.h"
 
+#include <tuple>
+
+#include <QFile>
+
 #include "Vantry/app/Composition.h"
 #include "Vantry/app/QtText.h"
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Card.h"
+#include "Vantry/interface/design/Compose.h"
 #include "Vantry/interface/design/Label.h"
 #include "Vantry/interface/design/LabeledInput.h"
-#include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/PageColumn.h"
-#include "Vantry/interface/design/ParagraphEditor.h"
 #include "Vantry/interface/design/RowList.h"
-#include "Vantry/interface/design/VantryWorkLayout.h"
+#include "Vantry/interface/design/SectionLabel.h"
+#include "Vantry/interface/design/StatusPill.h"
+#include "Vantry/interface/design/VantryDisclosure.h"
 #include "Vantry/interface/design/WorkspaceHeading.h"
 #include "Vantry/interface/pages/RecordRemoval.h"
 #include "Vantry/interface/pages/RowKey.h"
+#include "Vantry/interface/shots/DrawingSheet.h"
 #include "Vantry/interface/shots/NewTake.h"
 #include "Vantry/interface/shots/NewTakeButton.h"
+#include "Vantry/interface/shots/ParametersEditor.h"
+#include "Vantry/interface/shots/ScheduleFields.h"
 #include "Vantry/interface/shots/ShotActions.h"
+#include "Vantry/interface/shots/ShotBrief.h"
+#include "Vantry/interface/shots/ShotFrameCard.h"
+#include "Vantry/interface/shots/ShotNavigation.h"
+#include "Vantry/interface/shots/ShotPlanLayout.h"
 #include "Vantry/interface/shots/ShotTexts.h"
 #include "Vantry/interface/shots/SoundPicker.h"
-#include "Vantry/interface/shots/StoryboardImage.h"
+#include "Vantry/interface/shots/TakeRow.h"
 
 namespace vantry {
 
@@ -28,127 +40,120 @@ ShotView::ShotView(PageContext given, const Identifier& project, const Identifie
     : RecordPage(std::move(given), parent)
     , projectID(project)
     , actID(act)
-    , shotID(shot) {
-    QWidget* body = column().body();
-    heading = new WorkspaceHeading(2, body);
+    , shotID(shot)
+    , parametersOpen(*this, "shot-parameters")
+    , heading(new WorkspaceHeading(2))
+    , navigation(new ShotNavigation(context, projectID, shotID))
+    , cancelled(new StatusPill(StatusKind::warning))
+    , retained(new StatusPill(StatusKind::warning))
+    , frame(new ShotFrameCard(store()))
+    , drawing(new DrawingSheet(store(), this))
+    , brief(new ShotBrief([this](Text Shot::*member) { return bind(member); }))
+    , schedule(new ScheduleFields(context, projectID, actID, shotID)) {
+    makeHeading();
+    auto& content = column().content();
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{heading, leading(cancelled), leading(retained), makePlan(), schedule,
+                                         makeParameters(), makeTakes(), makeActions()})
+        content.addWidget(part);
+    content.addStretch();
+    connect(frame, &ShotFrameCard::importWanted, this, performing([this] { importImage(); }));
+    connect(frame, &ShotFrameCard::imageDropped, this, performing([this](const QString& path) {
+                store().importImageFile(projectID, actID, shotID, QFile::encodeName(path).toStdString());
+            }));
+    connect(frame, &ShotFrameCard::drawWanted, this, performing([this] { draw(); }));
+    connect(frame, &ShotFrameCard::removeWanted, this, performing([this] { removeImage(); }));
+}
+
+void ShotView::makeHeading() {
+    heading->actions().addWidget(navigation);
     newTake =
         makeNewTakeButton(*heading, performing([this] { startNewTake(context, projectID, actID, shotID); }));
-    cancelled = new Label(VantryType::Role::label, &Palette::warning, Label::Length::wrapped, body);
-    retained = new Label(VantryType::Role::label, &Palette::warning, Label::Length::wrapped, body);
-    auto* plan = new QWidget(body);
-    auto* parts = new VantryWorkLayout(Metrics::sideWidth, Metrics::gapSection, plan);
-    parts->addWidget(makeBrief(plan));
-    auto* side = new QWidget(plan);
-    auto* cards = new QVBoxLayout(side);
-    cards->setContentsMargins(0, 0, 0, 0);
-    cards->setSpacing(Metrics::gapSection);
-    cards->addWidget(makeFrame(side));
-    cards->addWidget(makeSound(side));
-    parts->addWidget(side);
-    for (QWidget* part : std::initializer_list<QWidget*>{heading, cancelled, retained, plan})
-        column().content().addWidget(part);
-    makeTakes(body);
-    makeActions(body);
-    column().content().addStretch();
+    connect(heading, &WorkspaceHeading::narrowChanged, navigation, &ShotNavigation::setCompact);
 }
 
-QWidget* ShotView::makeBrief(QWidget* parent) {
-    brief = new Card(parent);
-    code = new LabeledInput(brief);
-    title = new LabeledInput(brief);
-    description = new ParagraphField(Metrics::notesHeight, brief);
-    framing = new LabeledInput(brief);
-    movement = new LabeledInput(brief);
-    auto* naming = new QHBoxLayout;
-    naming->setSpacing(Metrics::gapCard);
-    naming->addWidget(code, 1);
-    naming->addWidget(title, 3);
-    auto* picture = new QHBoxLayout;
-    picture->setSpacing(Metrics::gapCard);
-    picture->addWidget(framing, 1);
-    picture->addWidget(movement, 1);
-    brief->content().addLayout(naming);
-    brief->content().addWidget(description, 1);
-    brief->content().addLayout(picture);
-    code->field().setBinding(bind(&Shot::code));
-    title->field().setBinding(bind(&Shot::title));
-    description->editor().setBinding(bind(&Shot::description));
-    framing->field().setBinding(bind(&Shot::framing));
-    movement->field().setBinding(bind(&Shot::movement));
-    return brief;
+QWidget* ShotView::makePlan() {
+    auto* plan = new QWidget;
+    auto* layout = new ShotPlanLayout(Metrics::gapSection, Metrics::columnsFrom, plan);
+    for (QWidget* part : std::initializer_list<QWidget*>{frame, brief, makeSound()})
+        layout->addWidget(part);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    plan->setSizePolicy(policy);
+    return plan;
 }
 
-QWidget* ShotView::makeFrame(QWidget* parent) {
-    frame = new Card(parent);
-    image = new StoryboardImage(store(), frame);
-    importImage = new Button(Button::Kind::quiet, Glyph::photo, frame);
-    removeImage = new Button(Button::Kind::destructive, Glyph::trash, frame);
-    for (Button* button : {importImage, removeImage})
-        button->setPressedOnce();
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(Metrics::gapInline);
-    buttons->addWidget(importImage);
-    buttons->addStretch();
-    buttons->addWidget(removeImage);
-    frame->content().addWidget(image);
-    frame->content().addLayout(buttons);
-    connect(importImage, &Button::clicked, this, performing([this](bool) {
-                commitComposition();
-                store().importImage(projectID, actID, shotID);
-            }));
-    connect(removeImage, &Button::clicked, this, performing([this](bool) {
-                store().markCheckpoint();
-                store().updateShot(projectID, actID, shotID, [](Shot& shot) {
-                    shot.imageKey.reset();
-                    shot.strokes.clear();
-                });
-            }));
-    return frame;
-}
-
-QWidget* ShotView::makeSound(QWidget* parent) {
-    sound = new Card(parent);
-    mode = new SoundPicker(sound);
-    soundDescription = new LabeledInput(sound);
+QWidget* ShotView::makeSound() {
+    sound = new Card;
+    mode = new SoundPicker;
+    soundDescription = new LabeledInput;
     sound->content().addWidget(mode);
     sound->content().addWidget(soundDescription);
+    sound->content().addStretch();
     soundDescription->field().setBinding(bind(&Shot::soundDescription));
-    connect(mode, &SoundPicker::chosen, this, performing([this](SoundMode chosen) {
-                store().updateShot(projectID, actID, shotID, [&](Shot& shot) { shot.soundMode = chosen; });
-            }));
+    connect(mode, &SoundPicker::chosen, this,
+            performing([this](SoundMode chosen) { change([&](Shot& shot) { shot.soundMode = chosen; }); }));
     return sound;
 }
 
-void ShotView::makeTakes(QWidget* body) {
-    takesTitle = new Label(VantryType::Role::heading, &Palette::ink, Label::Length::cut, body);
-    noTakes = new Label(VantryType::Role::label, &Palette::muted, Label::Length::wrapped, body);
-    takes = new RowList(body);
-    for (QWidget* part : std::initializer_list<QWidget*>{takesTitle, noTakes, takes})
-        column().content().addWidget(part);
-    connect(takes, &RowList::activated, this, performing([this](const QByteArray& key) {
-                if (const auto id = recordOf(key))
-                    go(Route::take(projectID, actID, shotID, *id));
-            }));
+QWidget* ShotView::makeParameters() {
+    parameters = new VantryDisclosure(Glyph::sliders);
+    parameterFields =
+        new ParametersEditor(context, {[this]() -> std::optional<Parameters> {
+                                           const auto shot = store().shot(projectID, actID, shotID);
+                                           return shot ? std::optional(shot->parameters) : std::nullopt;
+                                       },
+                                       [this](std::string_view key, const Text& value) {
+                                           change([&](Shot& shot) { shot.parameters.set(key, value); });
+                                       }});
+    parameters->content().addWidget(parameterFields);
+    parameters->setBinding(
+        {[this] { return parametersOpen.value(); }, [this](bool open) { parametersOpen.setValue(open); }});
+    return parameters;
 }
 
-void ShotView::makeActions(QWidget* body) {
-    actionsTitle = new Label(VantryType::Role::heading, &Palette::ink, Label::Length::cut, body);
-    column().content().addWidget(actionsTitle);
-    insert = new Button(Button::Kind::quiet, Glyph::plus, body);
-    cancel = new Button(Button::Kind::quiet, Glyph::none, body);
-    cancel->setPressedOnce();
+QWidget* ShotView::makeTakes() {
+    takesTitle = new WorkspaceSection;
+    noTakesText = new Label(VantryType::Role::label, &Palette::muted, Label::Length::wrapped);
+    noTakesText->setFont(VantryType::font(VantryType::Role::label, QFont::Normal));
+    firstTake = new Button(Button::Kind::quiet, Glyph::plus);
+    firstTake->setPressedOnce();
+    noTakes = ::vantry::column(Metrics::gapField, {noTakesText, leading(firstTake)});
+    takes = new ListCard(
+        Metrics::takeRowHeight,
+        [this](const QByteArray& key, QWidget* holder) {
+            auto* row = new TakeRow(holder);
+            connect(row, &TakeRow::clicked, this, performing([this, key](bool) {
+                        if (const auto id = recordOf(key))
+                            go(Route::take(projectID, actID, shotID, *id));
+                    }));
+            return row;
+        },
+        [this](QWidget& row, const QByteArray& key) { fillTake(row, key); });
+    connect(firstTake, &Button::clicked, this,
+            performing([this](bool) { startNewTake(context, projectID, actID, shotID); }));
+    return ::vantry::column(Metrics::gapField, {takesTitle, noTakes, takes});
+}
+
+QWidget* ShotView::makeActions() {
+    actionsTitle = new WorkspaceSection;
+    insert = new Button(Button::Kind::quiet, Glyph::plus);
+    cancel = new Button(Button::Kind::quiet);
     removal = makeRemoval(Route::act(projectID, actID), [this] {
-        store().updateAct(projectID, actID, [this](Act& act) {
-            std::erase_if(act.shots, [this](const auto& shot) { return shot->id == shotID; });
+        store().updateAct(projectID, actID, [this](Act& record) {
+            std::erase_if(record.shots, [this](const auto& shot) { return shot->id == shotID; });
         });
     });
-    auto* row = new QHBoxLayout;
+    auto* buttons = new QWidget;
+    auto* row = new QHBoxLayout(buttons);
+    row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(Metrics::gapInline);
-    row->addWidget(insert);
-    row->addWidget(cancel);
+    for (Button* button : {insert, cancel}) {
+        button->setPressedOnce();
+        row->addWidget(button);
+    }
     row->addStretch();
     row->addWidget(&removal->button());
-    column().content().addLayout(row);
     connect(insert, &Button::clicked, this, performing([this](bool) {
                 insertShotAfter(context, {projectID, actID, shotID});
             }));
@@ -156,6 +161,7 @@ void ShotView::makeActions(QWidget* body) {
                 if (const auto shot = store().shot(projectID, actID, shotID))
                     setCancelled(context, {projectID, actID, shotID}, !shot->cancelled);
             }));
+    return ::vantry::column(Metrics::gapField, {actionsTitle, buttons});
 }
 
 TextBinding ShotView::bind(Text Shot::*member) const {
@@ -164,9 +170,32 @@ TextBinding ShotView::bind(Text Shot::*member) const {
             const auto shot = store().shot(projectID, actID, shotID);
             return shot ? std::optional((*shot).*member) : std::nullopt;
         },
-        [this, member](const Text& text) {
-            store().updateShot(projectID, actID, shotID, [&](Shot& shot) { shot.*member = text; });
+        [this, member](const Text& text) { change([&](Shot& shot) { shot.*member = text; }); });
+}
+
+void ShotView::change(const std::function<void(Shot&)>& change) const {
+    store().updateShot(projectID, actID, shotID, change);
+}
+
+void ShotView::importImage() {
+    commitComposition();
+    store().importImage(projectID, actID, shotID);
+}
+
+void ShotView::draw() {
+    commitComposition();
+    if (const auto shot = store().shot(projectID, actID, shotID))
+        drawing->present(*shot, [this](const std::vector<Stroke>& strokes) {
+            perform([&] { change([&](Shot& held) { held.strokes = strokes; }); });
         });
+}
+
+void ShotView::removeImage() const {
+    store().markCheckpoint();
+    change([](Shot& shot) {
+        shot.imageKey.reset();
+        shot.strokes.clear();
+    });
 }
 
 bool ShotView::fill() {
@@ -175,14 +204,18 @@ bool ShotView::fill() {
     if (!act || !shot)
         return false;
     fillTexts(*act, *shot);
-    for (LabeledInput* field : {code, title, framing, movement, soundDescription})
-        field->field().synchronize();
-    description->editor().synchronize();
-    mode->fill(shot->soundMode, store().english());
+    navigation->refresh();
     newTake->setEnabled(!shot->cancelled);
-    cancelled->setVisible(shot->cancelled);
-    retained->setVisible(shot->conflictKey.has_value());
-    fillFrame(*shot);
+    cancelled->parentWidget()->setVisible(shot->cancelled);
+    retained->parentWidget()->setVisible(shot->conflictKey.has_value());
+    const bool english = store().english();
+    frame->refresh(*shot, english);
+    brief->refresh(english);
+    mode->fill(shot->soundMode, english);
+    soundDescription->field().synchronize();
+    schedule->refresh();
+    parameters->synchronize();
+    parameterFields->refresh();
     fillTakes(*shot);
     fillActions(*shot);
     return true;
@@ -194,30 +227,19 @@ void ShotView::fillTexts(const Act& act, const Shot& shot) {
     newTake->setPlain(text(u"新 Take · ⌘ Return", u"New take · ⌘ Return"));
     cancelled->setPlain(text(u"本镜已取消拍摄 · 记录仍保留", u"Shoot cancelled · Records retained"));
     retained->setPlain(text(u"保留版本", u"Retained version"));
-    brief->setTitle(text(u"分镜内容", u"Shot brief"));
-    code->setCaption(text(u"镜号", u"Code"));
-    title->setCaption(text(u"标题", u"Title"));
-    description->setTitle(text(u"画面与动作", u"Image & action"));
-    framing->setCaption(text(u"景别", u"Framing"));
-    movement->setCaption(text(u"机位 / 运动", u"Position / movement"));
     sound->setTitle(text(u"声音计划", u"Sound plan"));
     soundDescription->setCaption(text(u"声音", u"Sound"));
-    takesTitle->setPlain(text(u"现场 Take", u"Recorded takes"));
-    noTakes->setPlain(text(u"准备好开拍后，新建第一条 Take。笔记和素材名逐条记录。",
-                           u"When you are ready, start the first take. Notes and media names are recorded "
-                           u"separately for each take."));
-}
-
-void ShotView::fillFrame(const Shot& shot) {
-    frame->setTitle(text(u"画面", u"Frame"));
-    image->fill(shot, shotName(shot), text(u"导入图片或绘制分镜", u"Import or draw a storyboard"));
-    importImage->setPlain(text(u"导入", u"Import"));
-    removeImage->setPlain(text(u"移除图片", u"Remove image"));
-    removeImage->setEnabled(shot.imageKey || !shot.strokes.empty());
+    parameters->setTexts(text(u"镜头、相机与录制参数", u"Lens, camera & recording"),
+                         text(u"点击填写或查看", u"Open to view or edit"), store().english());
+    takesTitle->setTexts(text(u"现场 Take", u"Recorded takes"));
+    noTakesText->setPlain(text(u"准备好开拍后，新建第一条 Take。笔记和素材名逐条记录。",
+                               u"When you are ready, start the first take. Notes and media names are "
+                               u"recorded separately for each take."));
+    firstTake->setPlain(text(u"新 Take", u"New take"));
 }
 
 void ShotView::fillActions(const Shot& shot) {
-    actionsTitle->setPlain(text(u"镜头操作", u"Shot actions"));
+    actionsTitle->setTexts(text(u"镜头操作", u"Shot actions"));
     insert->setPlain(text(u"在本镜后插镜", u"Insert shot after"));
     cancel->setPlain(shot.cancelled ? text(u"恢复拍摄", u"Restore shot")
                                     : text(u"取消本镜（保留记录）", u"Cancel shot (keep records)"));
@@ -227,18 +249,32 @@ void ShotView::fillActions(const Shot& shot) {
 }
 
 void ShotView::fillTakes(const Shot& shot) {
-    QList<RowList::Row> rows;
-    for (const auto& take : shot.takes) {
-        const QString firstLine = firstLineOf(take->notes);
-        QString detail = resultWord(take->result, store().english());
-        detail += QStringLiteral(" · %1 ★ · ").arg(take->stars);
-        detail += firstLine.isEmpty() ? text(u"还没有现场笔记", u"No on-set notes") : firstLine;
-        if (take->conflictKey)
-            detail += text(u" · 保留版本", u" · Retained version");
-        rows.append({rowKey(take->id), {Glyph::document, takeName(*take), detail, false}});
-    }
-    noTakes->setVisible(rows.isEmpty());
-    takes->setRows(rows);
+    QList<QByteArray> keys;
+    for (const auto& take : shot.takes)
+        keys.append(rowKey(take->id));
+    noTakes->setVisible(keys.isEmpty());
+    firstTake->setEnabled(!shot.cancelled);
+    takes->setVisible(!keys.isEmpty());
+    takes->setKeys(std::move(keys));
+}
+
+void ShotView::fillTake(QWidget& row, const QByteArray& key) const {
+    const auto id = recordOf(key);
+    const auto take = id ? store().take(projectID, actID, shotID, *id) : nullptr;
+    if (!take)
+        return;
+    TakeRow::Content content;
+    content.name = takeName(*take);
+    content.result = resultWord(take->result, store().english());
+    std::tie(content.sign, content.colour) = resultSign(take->result);
+    content.stars = starsText(take->stars);
+    content.notes = firstLineOf(take->notes);
+    content.isHint = content.notes.isEmpty();
+    if (content.isHint)
+        content.notes = text(u"还没有现场笔记", u"No on-set notes");
+    if (take->conflictKey)
+        content.mark = text(u"保留版本", u"Retained version");
+    static_cast<TakeRow&>(row).setContent(content);
 }
 
 }  // namespace vantry

@@ -1,19 +1,29 @@
 #pragma once
 
+#include <functional>
+
 #include "Vantry/interface/pages/RecordPage.h"
+#include "Vantry/interface/routes/PageFlag.h"
 
 namespace vantry {
 
 class Button;
 class Card;
+class DrawingSheet;
 class Label;
 class LabeledInput;
-class WorkspaceHeading;
-class ParagraphField;
+class ListCard;
+class ParametersEditor;
 class RecordRemoval;
-class RowList;
+class ScheduleFields;
+class ShotBrief;
+class ShotFrameCard;
+class ShotNavigation;
 class SoundPicker;
-class StoryboardImage;
+class StatusPill;
+class VantryDisclosure;
+class WorkspaceHeading;
+class WorkspaceSection;
 
 /// The plan of one shot and the takes logged for it.
 class ShotView final : public RecordPage {
@@ -27,41 +37,46 @@ protected:
     bool fill() override;
 
 private:
-    [[nodiscard]] QWidget* makeBrief(QWidget* parent);
-    [[nodiscard]] QWidget* makeFrame(QWidget* parent);
-    [[nodiscard]] QWidget* makeSound(QWidget* parent);
-    void makeTakes(QWidget* body);
-    void makeActions(QWidget* body);
+    void makeHeading();
+    [[nodiscard]] QWidget* makePlan();
+    [[nodiscard]] QWidget* makeSound();
+    [[nodiscard]] QWidget* makeParameters();
+    [[nodiscard]] QWidget* makeTakes();
+    [[nodiscard]] QWidget* makeActions();
     [[nodiscard]] TextBinding bind(Text Shot::*member) const;
+    void change(const std::function<void(Shot&)>& change) const;
+    void importImage();
+    void draw();
+    void removeImage() const;
     void fillTexts(const Act& act, const Shot& shot);
-    void fillFrame(const Shot& shot);
     void fillTakes(const Shot& shot);
+    void fillTake(QWidget& row, const QByteArray& key) const;
     void fillActions(const Shot& shot);
 
     const Identifier projectID;
     const Identifier actID;
     const Identifier shotID;
-    WorkspaceHeading* heading = nullptr;
-    Button* newTake = nullptr;
-    Label* cancelled = nullptr;
-    Label* retained = nullptr;
-    Card* brief = nullptr;
-    LabeledInput* code = nullptr;
-    LabeledInput* title = nullptr;
-    ParagraphField* description = nullptr;
-    LabeledInput* framing = nullptr;
-    LabeledInput* movement = nullptr;
-    Card* frame = nullptr;
-    StoryboardImage* image = nullptr;
-    Button* importImage = nullptr;
-    Button* removeImage = nullptr;
+    PageFlag parametersOpen;
+    WorkspaceHeading* heading;
+    ShotNavigation* navigation;
+    Button* newTake;
+    StatusPill* cancelled;
+    StatusPill* retained;
+    ShotFrameCard* frame;
+    DrawingSheet* drawing;
+    ShotBrief* brief;
     Card* sound = nullptr;
     SoundPicker* mode = nullptr;
     LabeledInput* soundDescription = nullptr;
-    Label* takesTitle = nullptr;
-    Label* noTakes = nullptr;
-    RowList* takes = nullptr;
-    Label* actionsTitle = nullptr;
+    ScheduleFields* schedule;
+    VantryDisclosure* parameters = nullptr;
+    ParametersEditor* parameterFields = nullptr;
+    WorkspaceSection* takesTitle = nullptr;
+    QWidget* noTakes = nullptr;
+    Label* noTakesText = nullptr;
+    Button* firstTake = nullptr;
+    ListCard* takes = nullptr;
+    WorkspaceSection* actionsTitle = nullptr;
     Button* insert = nullptr;
     Button* cancel = nullptr;
     RecordRemoval* removal = nullptr;

@@ -1,23 +1,26 @@
 #include "Vantry/interface/shots/TakeView.h"
 
+#include <algorithm>
+
 #include "Vantry/app/QtText.h"
 #include "Vantry/interface/design/Button.h"
-#include "Vantry/interface/design/Card.h"
-#include "Vantry/interface/design/ControlText.h"
+#include "Vantry/interface/design/Compose.h"
 #include "Vantry/interface/design/Label.h"
-#include "Vantry/interface/design/LabeledInput.h"
-#include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/PageColumn.h"
 #include "Vantry/interface/design/ParagraphEditor.h"
-#include "Vantry/interface/design/SegmentedChoice.h"
-#include "Vantry/interface/design/StarRating.h"
-#include "Vantry/interface/design/VantryWorkLayout.h"
+#include "Vantry/interface/design/StatusPill.h"
+#include "Vantry/interface/design/VantryDisclosure.h"
 #include "Vantry/interface/design/WorkspaceHeading.h"
 #include "Vantry/interface/pages/RecordRemoval.h"
 #include "Vantry/interface/shots/NewTake.h"
 #include "Vantry/interface/shots/NewTakeButton.h"
+#include "Vantry/interface/shots/ParametersEditor.h"
+#include "Vantry/interface/shots/ShotNavigation.h"
 #include "Vantry/interface/shots/ShotTexts.h"
-#include "Vantry/interface/shots/SoundPicker.h"
+#include "Vantry/interface/shots/TakeLayout.h"
+#include "Vantry/interface/shots/TakeMedia.h"
+#include "Vantry/interface/shots/TakeReference.h"
+#include "Vantry/interface/shots/TakeResultBar.h"
 
 namespace vantry {
 
@@ -27,104 +30,99 @@ TakeView::TakeView(PageContext given, const Identifier& project, const Identifie
     , projectID(project)
     , actID(act)
     , shotID(shot)
-    , takeID(take) {
-    QWidget* body = column().body();
-    heading = new WorkspaceHeading(2, body);
-    newTake =
-        makeNewTakeButton(*heading, performing([this] { startNewTake(context, projectID, actID, shotID); }));
-    retained = new Label(VantryType::Role::label, &Palette::warning, Label::Length::wrapped, body);
-    auto* desk = new QWidget(body);
-    auto* parts = new VantryWorkLayout(Metrics::sideWidth, Metrics::gapSection, desk);
-    parts->addWidget(makeLog(desk));
-    parts->addWidget(makeMedia(desk));
-    column().content().addWidget(heading);
-    column().content().addWidget(retained);
-    column().content().addWidget(desk, 1);
-    makeFoot(body);
+    , takeID(take)
+    , parametersOpen(*this, "take-parameters")
+    , heading(new WorkspaceHeading(2))
+    , navigation(new ShotNavigation(context, projectID, shotID))
+    , retained(new StatusPill(StatusKind::warning))
+    , result(new TakeResultBar)
+    , reference(new TakeReference(store()))
+    , media(new TakeMedia([this](Text VantryTake::*member) { return bind(member); })) {
+    makeHeading();
+    auto* desk = new QWidget;
+    auto* parts = new TakeLayout(desk);
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{result, makeNotes(), reference, media, makeParameters(), makeFoot()})
+        parts->addWidget(part);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    desk->setSizePolicy(policy);
+    auto& content = column().content();
+    content.setSpacing(Metrics::gapBlock);
+    for (QWidget* part : std::initializer_list<QWidget*>{heading, leading(retained), desk})
+        content.addWidget(part);
+    content.addStretch();
+    connectParts();
 }
 
-void TakeView::makeFoot(QWidget* body) {
-    const Route shot = Route::shot(projectID, actID, shotID);
-    back = new Button(Button::Kind::quiet, Glyph::chevronLeft, body);
-    removal = makeRemoval(shot, [this] {
+void TakeView::makeHeading() {
+    heading->actions().addWidget(navigation);
+    newTake =
+        makeNewTakeButton(*heading, performing([this] { startNewTake(context, projectID, actID, shotID); }));
+    connect(heading, &WorkspaceHeading::narrowChanged, navigation, &ShotNavigation::setCompact);
+}
+
+QWidget* TakeView::makeNotes() {
+    notes = new ParagraphField(Metrics::editorHeight);
+    notesHint = new Label(VantryType::Role::caption, &Palette::muted, Label::Length::wrapped);
+    notes->editor().setBinding(bind(&VantryTake::notes));
+    return ::vantry::column(Metrics::gapInline, {notes, notesHint});
+}
+
+QWidget* TakeView::makeParameters() {
+    parameters = new VantryDisclosure(Glyph::sliders);
+    parameterFields = new ParametersEditor(
+        context, {[this]() -> std::optional<Parameters> {
+                      const auto take = store().take(projectID, actID, shotID, takeID);
+                      return take ? std::optional(take->parameters) : std::nullopt;
+                  },
+                  [this](std::string_view key, const Text& value) {
+                      changeTake([&](VantryTake& take) { take.parameters.set(key, value); });
+                  }});
+    parameters->content().addWidget(parameterFields);
+    parameters->setBinding(
+        {[this] { return parametersOpen.value(); }, [this](bool open) { parametersOpen.setValue(open); }});
+    connect(parameterFields, &ParametersEditor::finished, this, performing([this] { recordDefaults(); }));
+    return parameters;
+}
+
+QWidget* TakeView::makeFoot() {
+    back = new Button(Button::Kind::quiet, Glyph::chevronLeft);
+    next = new Button(Button::Kind::quiet);
+    next->setTrailing(Glyph::chevronRight);
+    removal = makeRemoval(Route::shot(projectID, actID, shotID), [this] {
         store().updateShot(projectID, actID, shotID, [this](Shot& record) {
             std::erase_if(record.takes, [this](const auto& take) { return take->id == takeID; });
         });
     });
-    auto* row = new QHBoxLayout;
-    row->addWidget(back);
+    auto* foot = new QWidget;
+    auto* row = new QHBoxLayout(foot);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(Metrics::gapInline);
+    for (Button* button : {back, next}) {
+        button->setPressedOnce();
+        row->addWidget(button);
+    }
     row->addStretch();
     row->addWidget(&removal->button());
-    column().content().addLayout(row);
-    connect(back, &Button::clicked, this, performing([this, shot](bool) { go(shot); }));
+    return foot;
 }
 
-QWidget* TakeView::makeLog(QWidget* parent) {
-    auto* log = new QWidget(parent);
-    auto* lines = new QVBoxLayout(log);
-    lines->setContentsMargins(0, 0, 0, 0);
-    lines->setSpacing(Metrics::gapBlock);
-    lines->addWidget(makeResultBar(log));
-    auto* writing = new QVBoxLayout;
-    writing->setSpacing(Metrics::gapInline);
-    notes = new ParagraphField(Metrics::editorHeight, log);
-    notesHint = new Label(VantryType::Role::caption, &Palette::muted, Label::Length::wrapped, log);
-    writing->addWidget(notes, 1);
-    writing->addWidget(notesHint);
-    lines->addLayout(writing, 1);
-    notes->editor().setBinding(bind(&VantryTake::notes));
-    return log;
-}
-
-QWidget* TakeView::makeResultBar(QWidget* parent) {
-    auto* bar = new QWidget(parent);
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(Metrics::gapField);
-    const auto block = [&](Label*& title, QWidget* control) {
-        title = new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, bar);
-        title->stackUnder(control);
-        auto* lines = new QVBoxLayout;
-        lines->setSpacing(Metrics::gapInline);
-        lines->addWidget(title);
-        lines->addWidget(control);
-        row->addLayout(lines);
-    };
-    // In the order of the verdicts.
-    const QList<Segment::Look> looks{{Glyph::dashedCircle, nullptr, &Palette::warning},
-                                     {Glyph::check, &Palette::completed, nullptr},
-                                     {Glyph::cross, &Palette::danger, nullptr}};
-    result = new SegmentedChoice(looks, SegmentedChoice::Size::large, bar);
-    block(resultTitle, result);
-    row->addStretch();
-    stars = new StarRating(bar);
-    block(ratingTitle, stars);
-    connect(result, &SegmentedChoice::chosen, this, performing([this](int index) {
-                changeTake([&](VantryTake& take) { take.result = static_cast<TakeResult>(index); });
+void TakeView::connectParts() {
+    const Route shot = Route::shot(projectID, actID, shotID);
+    connect(result, &TakeResultBar::resultChosen, this, performing([this](TakeResult chosen) {
+                changeTake([&](VantryTake& take) { take.result = chosen; });
             }));
-    connect(stars, &StarRating::pressed, this, performing([this](int number) {
+    connect(result, &TakeResultBar::starPressed, this, performing([this](int number) {
                 changeTake([&](VantryTake& take) { take.stars = take.stars == number ? 0 : number; });
             }));
-    return bar;
-}
-
-QWidget* TakeView::makeMedia(QWidget* parent) {
-    media = new Card(parent);
-    mode = new SoundPicker(media);
-    cameraFile = new ParagraphField(Metrics::namesHeight, media);
-    mixerFile = new LabeledInput(media);
-    soundNumber = new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, media);
-    kept = new Label(VantryType::Role::caption, &Palette::warning, Label::Length::wrapped, media);
-    for (QWidget* part : std::initializer_list<QWidget*>{mode, cameraFile, mixerFile, soundNumber, kept})
-        media->content().addWidget(part);
-    cameraFile->editor().setBinding(bind(&VantryTake::cameraFile));
-    mixerFile->field().setBinding(bind(&VantryTake::mixerFile));
-    connect(&cameraFile->editor(), &ParagraphEditor::focusChanged, this, [this] { fillCameraTitle(); });
-    connect(mode, &SoundPicker::chosen, this, performing([this](SoundMode chosen) {
+    connect(media, &TakeMedia::modeChosen, this, performing([this](SoundMode chosen) {
                 store().updateShot(projectID, actID, shotID,
-                                   [&](Shot& shot) { shot.setSoundMode(chosen, takeID); });
+                                   [&](Shot& record) { record.setSoundMode(chosen, takeID); });
             }));
-    return media;
+    connect(reference, &TakeReference::planWanted, this, performing([this, shot] { go(shot); }));
+    connect(back, &Button::clicked, this, performing([this, shot](bool) { go(shot); }));
+    connect(next, &Button::clicked, this, performing([this](bool) { navigation->goToNeighbor(1); }));
 }
 
 TextBinding TakeView::bind(Text VantryTake::*member) const {
@@ -140,73 +138,61 @@ void TakeView::changeTake(const std::function<void(VantryTake&)>& change) const 
     store().updateTake(projectID, actID, shotID, takeID, change);
 }
 
+void TakeView::recordDefaults() const {
+    if (const auto take = store().take(projectID, actID, shotID, takeID))
+        store().recordDefaults(projectID, take->parameters);
+}
+
+void TakeView::resizeEvent(QResizeEvent* event) {
+    RecordPage::resizeEvent(event);
+    fitNotes();
+}
+
+/// The notes take the height that the rest of the page leaves, whether its panels are open or not.
+void TakeView::fitNotes() {
+    const int around = Metrics::aroundNotes + (retained->parentWidget()->isHidden() ? 0 : Metrics::gapBlock);
+    const int editor = std::max(height() - around, Metrics::editorHeight);
+    const int title = VantryType::lineHeight(VantryType::Role::label) + Metrics::gapInline;
+    notes->setFixedHeight(title + editor);
+}
+
 bool TakeView::fill() {
     const auto shot = store().shot(projectID, actID, shotID);
     const auto take = store().take(projectID, actID, shotID, takeID);
     if (!shot || !take)
         return false;
-    setAccessibleName(takeName(*take));
-    heading->setTexts(text(u"现场记录 · ", u"On set · ") + toQString(shot->code), takeName(*take),
-                      toQString(shot->title));
-    newTake->setPlain(text(u"新 Take · ⌘ Return", u"New take · ⌘ Return"));
+    fillTexts(*shot, *take);
+    navigation->refresh();
     newTake->setEnabled(!shot->cancelled);
-    retained->setPlain(
-        text(u"合并保留的不同版本 · 原记录未覆盖", u"Retained merge version · Original unchanged"));
-    retained->setVisible(take->conflictKey.has_value());
-    fillResultBar(*take);
-    notes->setTitle(text(u"现场笔记 · 自由输入", u"On-set notes · write freely"));
+    next->setEnabled(navigation->hasNeighbor(1));
+    retained->parentWidget()->setVisible(take->conflictKey.has_value());
+    fitNotes();
+    const bool english = store().english();
+    result->refresh(*take, english);
     notes->editor().synchronize();
-    notesHint->setPlain(text(u"回车换段，随时补充表演、焦点或声音情况。",
-                             u"Return starts a paragraph. Record performance, focus or sound as you go."));
-    fillMedia(*take);
-    back->setPlain(text(u"返回镜头", u"Back to shot"));
-    removal->setTexts(text(u"删除本条…", u"Delete take…"),
-                      text(u"删除这条 Take？可撤销。", u"Delete this take? This can be undone."));
+    reference->refresh(*shot, english);
+    media->refresh(*take, english);
+    parameters->synchronize();
+    parameterFields->refresh();
     return true;
 }
 
-void TakeView::fillResultBar(const VantryTake& take) {
-    const bool english = store().english();
-    resultTitle->setPlain(text(u"拍摄结果", u"Take result"));
-    result->setName(text(u"拍摄结果", u"Take result"));
-    result->setTitles({resultWord(TakeResult::pending, english), resultWord(TakeResult::good, english),
-                       resultWord(TakeResult::ng, english)});
-    result->setChosen(static_cast<int>(take.result));
-    const QString rating = text(u"推荐程度 · Good 代表本镜完成", u"Rating · Good completes the shot");
-    ratingTitle->setPlain(rating);
-    stars->setAccessibleName(rating);
-    for (int number = 1; number <= StarRating::count; ++number) {
-        StarButton& star = stars->star(number);
-        star.setTexts(QString::number(number) + text(u" 星", u" stars"), text(u"已选择", u"Selected"),
-                      text(u"未选择", u"Not selected"));
-        setHelp(star, text(u"再次点击可清除星级", u"Click again to clear the rating"));
-    }
-    stars->setStars(static_cast<int>(take.stars));
-}
-
-void TakeView::fillMedia(const VantryTake& take) {
-    media->setTitle(text(u"素材记录", u"Media references"));
-    mode->fill(take.soundMode, store().english());
-    fillCameraTitle();
-    cameraFile->editor().synchronize();
-    mixerFile->setCaption(text(u"Mixer 素材名", u"Mixer media name"));
-    mixerFile->field().synchronize();
-    const bool hasPicture = take.soundMode != SoundMode::roomTone;
-    const bool hasSound = take.soundMode != SoundMode::mos;
-    cameraFile->setVisible(hasPicture);
-    mixerFile->setVisible(hasSound);
-    soundNumber->setVisible(hasSound && take.soundNumber.has_value());
-    soundNumber->setPlain(text(u"声音 Take ", u"Sound take ") +
-                          QString::number(take.soundNumber.value_or(0)));
-    kept->setPlain(text(u"此前填写的素材名仍保留，可切回查看。",
-                        u"Earlier media names are retained. Switch back to view them."));
-    kept->setVisible((!hasPicture && !take.cameraFile.empty()) || (!hasSound && !take.mixerFile.empty()));
-}
-
-void TakeView::fillCameraTitle() {
-    cameraFile->setTitle(
-        text(u"相机素材名", u"Camera media names"),
-        cameraFile->editor().hasFocus() ? text(u" · 多机位分行填写", u" · One camera per line") : QString());
+void TakeView::fillTexts(const Shot& shot, const VantryTake& take) {
+    setAccessibleName(takeName(take));
+    heading->setTexts(text(u"现场记录 · ", u"On set · ") + toQString(shot.code), takeName(take),
+                      toQString(shot.title));
+    newTake->setPlain(text(u"新 Take · ⌘ Return", u"New take · ⌘ Return"));
+    retained->setPlain(
+        text(u"合并保留的不同版本 · 原记录未覆盖", u"Retained merge version · Original unchanged"));
+    notes->setTitle(text(u"现场笔记 · 自由输入", u"On-set notes · write freely"));
+    notesHint->setPlain(text(u"回车换段，随时补充表演、焦点或声音情况。",
+                             u"Return starts a paragraph. Record performance, focus or sound as you go."));
+    parameters->setTexts(text(u"相机、镜头、录制与监视", u"Camera, lens, recording & monitoring"),
+                         text(u"点击填写或查看", u"Open to view or edit"), store().english());
+    back->setPlain(text(u"返回镜头", u"Back to shot"));
+    next->setPlain(text(u"下一镜", u"Next shot"));
+    removal->setTexts(text(u"删除本条…", u"Delete take…"),
+                      text(u"删除这条 Take？可撤销。", u"Delete this take? This can be undone."));
 }
 
 }  // namespace vantry

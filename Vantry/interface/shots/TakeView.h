@@ -1,19 +1,24 @@
 #pragma once
 
+#include <functional>
+
 #include "Vantry/interface/pages/RecordPage.h"
+#include "Vantry/interface/routes/PageFlag.h"
 
 namespace vantry {
 
 class Button;
-class Card;
 class Label;
-class LabeledInput;
-class WorkspaceHeading;
 class ParagraphField;
+class ParametersEditor;
 class RecordRemoval;
-class SegmentedChoice;
-class SoundPicker;
-class StarRating;
+class ShotNavigation;
+class StatusPill;
+class TakeMedia;
+class TakeReference;
+class TakeResultBar;
+class VantryDisclosure;
+class WorkspaceHeading;
 
 /// The log of one take, built for speed on set: verdict, rating, free notes, media names, the next take.
 class TakeView final : public RecordPage {
@@ -25,38 +30,38 @@ public:
 
 protected:
     bool fill() override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
-    [[nodiscard]] QWidget* makeLog(QWidget* parent);
-    [[nodiscard]] QWidget* makeResultBar(QWidget* parent);
-    [[nodiscard]] QWidget* makeMedia(QWidget* parent);
+    void makeHeading();
+    [[nodiscard]] QWidget* makeNotes();
+    [[nodiscard]] QWidget* makeParameters();
+    [[nodiscard]] QWidget* makeFoot();
     [[nodiscard]] TextBinding bind(Text VantryTake::*member) const;
-    void makeFoot(QWidget* body);
     void changeTake(const std::function<void(VantryTake&)>& change) const;
-    void fillResultBar(const VantryTake& take);
-    void fillMedia(const VantryTake& take);
-    void fillCameraTitle();
+    void connectParts();
+    void recordDefaults() const;
+    void fitNotes();
+    void fillTexts(const Shot& shot, const VantryTake& take);
 
     const Identifier projectID;
     const Identifier actID;
     const Identifier shotID;
     const Identifier takeID;
-    WorkspaceHeading* heading = nullptr;
+    PageFlag parametersOpen;
+    WorkspaceHeading* heading;
+    ShotNavigation* navigation;
     Button* newTake = nullptr;
-    Label* retained = nullptr;
-    Label* resultTitle = nullptr;
-    SegmentedChoice* result = nullptr;
-    Label* ratingTitle = nullptr;
-    StarRating* stars = nullptr;
+    StatusPill* retained;
+    TakeResultBar* result;
     ParagraphField* notes = nullptr;
     Label* notesHint = nullptr;
-    Card* media = nullptr;
-    SoundPicker* mode = nullptr;
-    ParagraphField* cameraFile = nullptr;
-    LabeledInput* mixerFile = nullptr;
-    Label* soundNumber = nullptr;
-    Label* kept = nullptr;
+    TakeReference* reference;
+    TakeMedia* media;
+    VantryDisclosure* parameters = nullptr;
+    ParametersEditor* parameterFields = nullptr;
     Button* back = nullptr;
+    Button* next = nullptr;
     RecordRemoval* removal = nullptr;
 };
 

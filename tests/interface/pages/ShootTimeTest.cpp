@@ -36,6 +36,15 @@ TEST(ShootTime, NamesEveryDayOfTheWeek) {
     }
 }
 
+TEST(ShootTime, LeavesTheDayOfTheWeekOutWhereItIsNotWanted) {
+    const Moment evening = support::utc(2026, 11, 21, 12, 30);
+    const Moment nextYear = support::utc(2027, 1, 2, 12);
+    EXPECT_EQ(dayAndTime(evening, evening, shanghai, true), "21 Nov, 20:30");
+    EXPECT_EQ(dayAndTime(evening, evening, shanghai, false), "11月21日 20:30");
+    EXPECT_EQ(dayAndTime(evening, nextYear, shanghai, true), "21 Nov 2026, 20:30");
+    EXPECT_EQ(dayAndTime(evening, nextYear, shanghai, false), "2026年11月21日 20:30");
+}
+
 TEST(ShootTime, TellsADayInFull) {
     const Moment evening = support::utc(2026, 11, 21, 12, 30);
     EXPECT_EQ(longDay(evening, shanghai, true), "Saturday 21 November 2026");

@@ -78,10 +78,23 @@ TEST_F(NewTakeTest, DoubledClicksMakeOneActAndOneShot) {
     settle();
     EXPECT_EQ(store->project(project)->acts.size(), 2U);
     go(Route::act(project, act));
-    QTest::mouseClick(&get<QAbstractButton>(QStringLiteral("新增分镜")), Qt::LeftButton);
-    QTest::mouseClick(&get<QAbstractButton>(QStringLiteral("新增分镜")), Qt::LeftButton);
+    // As a window hears it: the second press comes where the button was.
+    const QPoint place = get(QStringLiteral("新增分镜")).mapTo(window.get(), QPoint(60, 20));
+    QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {}, place);
     settle();
-    EXPECT_EQ(store->act(project, act)->shots.size(), 2U);
+    ASSERT_EQ(store->act(project, act)->shots.size(), 2U);
+    const Identifier made = store->act(project, act)->shots[1]->id;
+    EXPECT_TRUE(store->shot(project, act, made)->takes.empty()) << "what stands there now was not meant";
+    EXPECT_EQ(route(), Route::shot(project, act, made)) << "it is opened";
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, place);
+    settle();
+    EXPECT_EQ(store->shot(project, act, made)->takes.size(), 1U) << "a press of its own is";
+    go(Route::act(project, act));
+    click(QStringLiteral("新增分镜"));
+    EXPECT_EQ(store->act(project, act)->shots.size(), 2U) << "too soon after the first";
+    clock.advance(1000);
+    click(QStringLiteral("新增分镜"));
+    EXPECT_EQ(store->act(project, act)->shots.size(), 3U);
 }
 
 TEST_F(NewTakeTest, TheRowOfTheTreeMakesOneByClickAndByKey) {

@@ -3,7 +3,7 @@
 #include <QMenu>
 
 #include "Vantry/interface/design/Sheet.h"
-#include "Vantry/interface/shots/StoryboardImage.h"
+#include "Vantry/interface/shots/StoryboardPreview.h"
 #include "tests/interface/window/WindowFixture.h"
 
 namespace vantry::test {
@@ -27,7 +27,7 @@ protected:
         EXPECT_TRUE(image.save(QString::fromStdString(path.string())));
         return path;
     }
-    [[nodiscard]] StoryboardImage& frame() const { return *page().findChild<StoryboardImage*>(); }
+    [[nodiscard]] StoryboardPreview& frame() const { return *page().findChild<StoryboardPreview*>(); }
     /// The colour of the frame at a fraction of its size.
     [[nodiscard]] QColor colourAt(double x, double y) const {
         const QImage shown = frame().grab().toImage();

@@ -224,7 +224,7 @@ protected:
             throw std::runtime_error("nothing is called " + name.toStdString());
         return *found;
     }
-    [[nodiscard]] bool shows(const QString& text) const { return find<Label>(*window, text) != nullptr; }
+    [[nodiscard]] bool shows(const QString& text) const { return find<QLabel>(*window, text) != nullptr; }
 
     void click(const QString& name, QWidget* within = nullptr) const {
         QTest::mouseClick(&get<QAbstractButton>(name, within), Qt::LeftButton);

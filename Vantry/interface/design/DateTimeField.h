@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QDateTimeEdit>
+
+namespace vantry {
+
+/// A field for a day and a time of day, with a calendar to choose the day from. It knows no zone: it shows
+/// and gives what a calendar and a clock on the wall show. A turn of the wheel scrolls the page and changes
+/// nothing.
+class DateTimeField final : public QDateTimeEdit {
+    Q_OBJECT
+
+public:
+    explicit DateTimeField(QWidget* parent = nullptr);
+
+    /// The way in which the language writes it.
+    void setEnglish(bool english);
+    /// Shows that reading of calendar and clock, unless it does already; says nothing.
+    void setReading(const QDateTime& reading);
+
+signals:
+    /// The person changed it.
+    void edited(const QDateTime& reading);
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    bool english = false;
+    bool synchronizing = false;
+};
+
+}  // namespace vantry
