@@ -48,6 +48,30 @@ std::size_t nextCodePoint(std::string_view text, std::size_t at) noexcept {
     return at;
 }
 
+/// So many bytes are looked at in one go.
+constexpr std::size_t span = 1024;
+
+std::size_t commonStart(std::string_view a, std::string_view b) noexcept {
+    const std::size_t shorter = std::min(a.size(), b.size());
+    std::size_t count = 0;
+    while (shorter - count >= span && std::memcmp(a.data() + count, b.data() + count, span) == 0)
+        count += span;
+    while (count < shorter && a[count] == b[count])
+        ++count;
+    return count;
+}
+
+std::size_t commonEnd(std::string_view a, std::string_view b) noexcept {
+    const std::size_t shorter = std::min(a.size(), b.size());
+    std::size_t count = 0;
+    while (shorter - count >= span &&
+           std::memcmp(a.data() + a.size() - count - span, b.data() + b.size() - count - span, span) == 0)
+        count += span;
+    while (count < shorter && a[a.size() - 1 - count] == b[b.size() - 1 - count])
+        ++count;
+    return count;
+}
+
 /// Whether what stands before `at` can never combine with what stands behind it.
 bool startsFresh(const icu::Normalizer2& nfc, std::string_view text, std::size_t at) noexcept {
     return at >= text.size() || (isLeadByte(text[at]) && nfc.hasBoundaryBefore(codePointAt(text, at)) != 0);
@@ -67,27 +91,19 @@ std::string composed(std::string_view text) {
 bool canonicallyEquivalent(std::string_view a, std::string_view b) {
     if (a == b)
         return true;
-    if (isAscii(a) && isAscii(b))
-        return false;
     // A common beginning and end cannot decide; cutting them off keeps a keystroke in a long note cheap.
     const icu::Normalizer2& nfc = composer();
-    const std::size_t shorter = std::min(a.size(), b.size());
-    auto head = static_cast<std::size_t>(
-        std::mismatch(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(shorter), b.begin()).first -
-        a.begin());
+    std::size_t head = commonStart(a, b);
     while (head > 0 && !(startsFresh(nfc, a, head) && startsFresh(nfc, b, head)))
         --head;
     a.remove_prefix(head);
     b.remove_prefix(head);
-    const std::size_t rest = std::min(a.size(), b.size());
-    auto tail = static_cast<std::size_t>(
-        std::mismatch(a.rbegin(), a.rbegin() + static_cast<std::ptrdiff_t>(rest), b.rbegin()).first -
-        a.rbegin());
+    std::size_t tail = commonEnd(a, b);
     while (tail > 0 && !startsFresh(nfc, a, a.size() - tail))
         --tail;
     a.remove_suffix(tail);
     b.remove_suffix(tail);
-    return composed(a) == composed(b);
+    return !(isAscii(a) && isAscii(b)) && composed(a) == composed(b);
 }
 
 bool Text::equivalentButNotIdentical(std::string_view a, std::string_view b) {

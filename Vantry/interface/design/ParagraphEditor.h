@@ -1,29 +1,39 @@
 #pragma once
 
+#include <memory>
+#include <optional>
+
 #include <QSize>
 #include <QTextEdit>
 #include <QWidget>
 
 #include "Vantry/interface/design/TextBinding.h"
+#include "Vantry/interface/design/Transition.h"
 
 namespace vantry {
 
 class Label;
+class ParagraphCaret;
 
 /// Where people write: plain paragraphs, in the size and colour of the body text. While a person writes, this
 /// view owns the text; what comes from outside enters without moving caret, selection or scroll, and never
 /// into a composition. Only what the person changed is written, as the smallest change of the stored text, so
 /// that line ends and characters outside of it stay as they were stored.
+///
+/// It takes text alone, in plain form: by keys, input methods, paste, drop and assistive tools. Places in the
+/// text are counted in UTF-16 units; none is inside of a surrogate pair, and a selection that an outside
+/// change leaves behind splits no character that a person sees.
 class ParagraphEditor final : public QTextEdit {
     Q_OBJECT
 
 public:
     explicit ParagraphEditor(QWidget* parent = nullptr);
+    ~ParagraphEditor() override;
 
     /// Once, before it is shown: a field belongs to one text for its life.
     void setBinding(TextBinding target);
     /// Shows the bound text as it is now. Does nothing when it is shown already or while a composition is
-    /// under way: it will be called again. A text from outside ends the view's undo history.
+    /// under way: then it follows when that ends. A text from outside ends the view's undo history.
     void synchronize();
     /// Whether an input method is composing here.
     [[nodiscard]] bool isComposing() const;
@@ -38,18 +48,32 @@ signals:
 protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     [[nodiscard]] bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
 
 private:
+    void style();
     void publish();
     void replace(const QString& shown);
+    void finishComposition();
+    void keepOutOfPairs();
+    void readEitherWay(const QString& written);
     void revealCaretSoon();
 
+    std::unique_ptr<ParagraphCaret> caret;
     TextBinding binding;
-    QString base;  ///< the bound text, in paragraph form, as this view last showed or wrote it
+    QString base;                  ///< the text of the document as this view last showed or wrote it
+    std::optional<QString> known;  ///< the stored text whose paragraph form `base` is, when there is one
+    bool unwritten = false;  ///< the document is not `base`: the person wrote where nothing can be written
     bool synchronizing = false;
+    bool heldBack = false;  ///< a text from outside waits for the end of a composition
     bool revealing = false;
 };
 
@@ -60,10 +84,13 @@ class ParagraphField final : public QWidget {
 public:
     /// `height` is the least height of the frame; it takes more where there is more.
     explicit ParagraphField(int height, QWidget* parent = nullptr);
+    ~ParagraphField() override;
 
     /// Shows the title, with a hint behind it if there is one; the title alone names the editor.
     void setTitle(const QString& title, const QString& hint = {});
     [[nodiscard]] ParagraphEditor& editor() noexcept { return *text; }
+    /// How far its border is that of a field with the keyboard, from 0 to 1.
+    [[nodiscard]] double focusShare() const { return focus.value(); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -72,7 +99,7 @@ private:
     Label* label;
     QWidget* frame;
     ParagraphEditor* text;
-    bool focused = false;
+    Transition focus;
 };
 
 }  // namespace vantry

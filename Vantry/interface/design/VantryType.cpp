@@ -79,8 +79,7 @@ int VantryType::lineHeight(Role role) {
 }
 
 int VantryType::paragraphLineHeight() {
-    constexpr int extra = 5;
-    return face(Role::body).lineHeight + extra;
+    return face(Role::body).lineHeight + paragraphSpacing;
 }
 
 }  // namespace vantry

@@ -26,7 +26,9 @@ struct VantryType {
     [[nodiscard]] static QFont font(Role role, QFont::Weight weight);
     /// The height of one line of that role.
     [[nodiscard]] static int lineHeight(Role role);
-    /// The height of one line of a paragraph that people write in: a body line with room to breathe.
+    /// The room between the lines of a paragraph that people write in, beyond that of the body.
+    static constexpr int paragraphSpacing = 5;
+    /// The height of one line of such a paragraph.
     [[nodiscard]] static int paragraphLineHeight();
 };
 

@@ -1,73 +1,16 @@
 #include "Vantry/interface/design/ParagraphEditor.h"
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
+#include <QAccessible>
 #include <QClipboard>
-#include <QInputMethodEvent>
 #include <QMimeData>
 #include <QScrollBar>
-#include <QTest>
 #include <QTextBlock>
 
 #include "Vantry/interface/design/VantryType.h"
+#include "tests/interface/design/ParagraphFixture.h"
 
 namespace vantry::test {
 namespace {
-
-std::string codes(const QString& text) {
-    std::string out;
-    for (const QChar character : text)
-        out += QString::number(character.unicode(), 16).toStdString() + " ";
-    return out;
-}
-
-/// An editor bound to a text that stands for the stored one.
-class ParagraphEditorTest : public testing::Test {
-protected:
-    void SetUp() override {
-        window.setFixedSize(420, 180);
-        editor.setGeometry(0, 0, 420, 180);
-        window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-        window.activateWindow();
-        editor.setFocus();
-    }
-    void bind(const QString& text) {
-        stored = text;
-        editor.setBinding({[this] { return stored; },
-                           [this](const QString& next) {
-                               ++writes;
-                               stored = next;
-                           }});
-    }
-    void compose(const QString& text) {
-        QInputMethodEvent event(text, {});
-        QApplication::sendEvent(&editor, &event);
-    }
-    void commit(const QString& text) {
-        QInputMethodEvent event;
-        event.setCommitString(text);
-        QApplication::sendEvent(&editor, &event);
-    }
-    void select(int from, int to) {
-        QTextCursor cursor = editor.textCursor();
-        cursor.setPosition(from);
-        cursor.setPosition(to, QTextCursor::KeepAnchor);
-        editor.setTextCursor(cursor);
-    }
-    static QString sixtyParagraphs() {
-        QStringList paragraphs;
-        for (int number = 1; number <= 60; ++number)
-            paragraphs.append(QStringLiteral("第%1段 she turns at the window").arg(number));
-        return paragraphs.join(QStringLiteral("\n\n"));
-    }
-
-    QWidget window;
-    ParagraphEditor editor{&window};
-    std::optional<QString> stored;
-    int writes = 0;
-};
 
 TEST_F(ParagraphEditorTest, PublishesEachKeyAtOnce) {
     bind({});
@@ -239,6 +182,146 @@ TEST_F(ParagraphEditorTest, ARecordThatIsGoneIsNotWritten) {
     QTest::keyClicks(&editor, QStringLiteral("x"));
     editor.synchronize();
     EXPECT_EQ(writes, 0);
+}
+
+TEST_F(ParagraphEditorTest, AnIdleTextChangeOfTheToolkitPublishesNothing) {
+    bind(QStringLiteral("text"));
+    compose(QStringLiteral("zhong"));
+    compose({});
+    editor.document()->markContentsDirty(0, 4);
+    EXPECT_EQ(writes, 0);
+}
+
+TEST_F(ParagraphEditorTest, TheTextThatSomebodyElseWroteMeanwhileIsNotLost) {
+    bind(QStringLiteral("one two three"));
+    QTest::keyClick(&editor, Qt::Key_End);
+    stored = QStringLiteral("ONE two three");
+    QTest::keyClicks(&editor, QStringLiteral("!"));
+    EXPECT_EQ(stored, QStringLiteral("ONE two three!"));
+    editor.synchronize();
+    EXPECT_EQ(editor.toPlainText(), QStringLiteral("ONE two three!"));
+    EXPECT_EQ(caret(), 14);
+}
+
+TEST_F(ParagraphEditorTest, AnOutsideChangeInFrontMovesTheSelectionWithItsWords) {
+    bind(QStringLiteral("alpha beta gamma"));
+    select(6, 10);
+    replaceOutside(QStringLiteral("the alpha beta gamma"));
+    EXPECT_EQ(editor.textCursor().selectedText(), QStringLiteral("beta"));
+    EXPECT_EQ(writes, 0);
+}
+
+TEST_F(ParagraphEditorTest, NoCharacterThatAPersonSeesIsSplitByAnOutsideChange) {
+    const QString waving = QStringLiteral("👋");
+    const QString wavingDark = QStringLiteral("👋🏽");
+    const QString flag = QStringLiteral("🇨🇳");
+    const QString family = QStringLiteral("👩‍👩‍👧");
+    struct Case {
+        QString before, after;
+        int caret;
+    };
+    const Case cases[] = {
+        {QStringLiteral("a") + waving, QStringLiteral("a") + wavingDark, 3},
+        {QStringLiteral("ab"), flag, 2},
+        {QStringLiteral("abcd") + flag, flag, 2},
+        {QStringLiteral("👩"), family, 2},
+        {QStringLiteral("abcdefgh"), family, 5},
+        {QStringLiteral("e"), QStringLiteral("e\u0301"), 1},
+    };
+    for (const Case& test : cases) {
+        bind(test.before);
+        for (int anchor = 0; anchor <= test.caret; ++anchor) {
+            replaceOutside(test.before);
+            select(anchor, test.caret);
+            replaceOutside(test.after);
+            const QTextCursor kept = editor.textCursor();
+            for (const int place : {kept.anchor(), kept.position()})
+                EXPECT_TRUE(place == 0 || place == test.after.size() ||
+                            (place == 1 && test.after.startsWith(QLatin1Char('a'))))
+                    << codes(test.after) << "at " << place;
+        }
+    }
+}
+
+TEST_F(ParagraphEditorTest, ACaretIsNeverInsideOfASurrogatePair) {
+    bind(QStringLiteral("a🙂b"));
+    putCaret(2);
+    EXPECT_EQ(caret(), 1);
+    select(2, 4);
+    EXPECT_EQ(editor.textCursor().selectedText(), QStringLiteral("🙂b"));
+    QAccessible::queryAccessibleInterface(&editor)->textInterface()->setCursorPosition(2);
+    QTest::keyClicks(&editor, QStringLiteral("x"));
+    EXPECT_EQ(stored, QStringLiteral("ax🙂b"));
+}
+
+TEST_F(ParagraphEditorTest, AnOutsideReplacementOfASelectionLeavesItAtTheEndOfWhatCame) {
+    bind(QStringLiteral("keep OLD keep"));
+    select(5, 8);
+    replaceOutside(QStringLiteral("keep newer keep"));
+    EXPECT_LE(editor.textCursor().selectionEnd(), 10);
+    EXPECT_GE(editor.textCursor().selectionStart(), 5);
+    QTest::keyClicks(&editor, QStringLiteral("x"));
+    EXPECT_TRUE(stored->startsWith(QStringLiteral("keep "))) << stored->toStdString();
+    EXPECT_TRUE(stored->endsWith(QStringLiteral(" keep"))) << stored->toStdString();
+}
+
+TEST_F(ParagraphEditorTest, AnOutsideReplacementEndsTheUndoHistoryAndARefreshDoesNot) {
+    bind(QStringLiteral("a"));
+    QTest::keyClick(&editor, Qt::Key_End);
+    QTest::keyClicks(&editor, QStringLiteral("bc"));
+    editor.synchronize();
+    EXPECT_TRUE(editor.document()->isUndoAvailable());
+    replaceOutside(QStringLiteral("other"));
+    QTest::keyClick(&editor, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(stored, QStringLiteral("other"));
+    EXPECT_FALSE(editor.document()->isUndoAvailable());
+    EXPECT_FALSE(editor.document()->isRedoAvailable());
+}
+
+TEST_F(ParagraphEditorTest, ScrollStaysAlsoFarDownInALongTextThatChangesAbove) {
+    bind((QStringLiteral("a line of notes") + QLatin1Char('\n')).repeated(3000));
+    settle();
+    editor.moveCursor(QTextCursor::End);
+    const int scroll = editor.verticalScrollBar()->value();
+    ASSERT_GT(scroll, 10000);
+    replaceOutside(QStringLiteral("X") + stored->mid(1));
+    EXPECT_EQ(editor.verticalScrollBar()->value(), scroll);
+    EXPECT_EQ(caret(), stored->size());
+}
+
+TEST_F(ParagraphEditorTest, AnAssistiveToolWritesPlainText) {
+    bind(QStringLiteral("old"));
+    QAccessible::queryAccessibleInterface(&editor)->editableTextInterface()->replaceText(
+        0, 3, QStringLiteral("Tom & Jerry <b>x</b>"));
+    EXPECT_EQ(stored, QStringLiteral("Tom & Jerry <b>x</b>"));
+    EXPECT_EQ(editor.toPlainText(), *stored);
+}
+
+TEST_F(ParagraphEditorTest, ATextThatIsSetAsAWholeHasTheConfiguredForm) {
+    bind(QStringLiteral("old"));
+    editor.setPlainText(QStringLiteral("one\ntwo"));
+    EXPECT_EQ(stored, QStringLiteral("one\ntwo"));
+    editor.setHtml(QStringLiteral("<h1>loud</h1><p>soft</p>"));
+    EXPECT_EQ(stored, QStringLiteral("loud\nsoft"));
+    for (QTextBlock block = editor.document()->begin(); block.isValid(); block = block.next()) {
+        EXPECT_EQ(block.blockFormat().lineHeight(), VantryType::paragraphLineHeight());
+        EXPECT_EQ(block.blockFormat().topMargin(), 0);
+        EXPECT_TRUE(block.charFormat().properties().isEmpty());
+        for (auto part = block.begin(); !part.atEnd(); ++part)
+            EXPECT_TRUE(part.fragment().charFormat().properties().isEmpty());
+    }
+}
+
+TEST_F(ParagraphEditorTest, ARightToLeftParagraphIsReadFromTheRight) {
+    bind(QStringLiteral("plain"));
+    EXPECT_EQ(editor.document()->firstBlock().textDirection(), Qt::LeftToRight);
+    for (const QString& written :
+         {QStringLiteral("שלום"), QStringLiteral("سلام"), QStringLiteral("𞤢𞤣")}) {
+        replaceOutside(written);
+        EXPECT_EQ(editor.document()->firstBlock().textDirection(), Qt::RightToLeft) << codes(written);
+        replaceOutside(QStringLiteral("latin"));
+        EXPECT_EQ(editor.document()->firstBlock().textDirection(), Qt::LeftToRight);
+    }
 }
 
 }  // namespace

@@ -2,20 +2,13 @@
 
 #include <random>
 
-#include <gtest/gtest.h>
-
 #include <QTextCursor>
 #include <QTextDocument>
 
+#include "tests/interface/design/ParagraphFixture.h"
+
 namespace vantry::test {
 namespace {
-
-std::string codes(const QString& text) {
-    std::string out;
-    for (const QChar character : text)
-        out += QString::number(character.unicode(), 16).toStdString() + " ";
-    return out;
-}
 
 #define EXPECT_TEXT(actual, expected) EXPECT_EQ(codes(actual), codes(expected))
 
@@ -119,6 +112,28 @@ TEST(StoredTextTest, ChangesOfBothSidesMeetInOneText) {
     EXPECT_EQ(merged("one", "one", "two"), "two");
     EXPECT_EQ(merged("", "mine", "theirs"), "theirsmine") << "nothing that was written is lost";
     EXPECT_EQ(merged("word", "wide", "wired"), "wireided") << "nothing that was written is lost";
+}
+
+TEST(StoredTextTest, ALongTextIsEditedWhereItWasChanged) {
+    QStringList lines;
+    for (int line = 0; line < 2000; ++line)
+        lines.append(QStringLiteral("line %1").arg(line));
+    const QString stored = lines.join(QStringLiteral("\r\n"));
+    for (const int line : {0, 1, 50, 51, 52, 1000, 1999}) {
+        QStringList changed = lines;
+        changed[line] += QStringLiteral(" 🙂");
+        EXPECT_TEXT(storedWithEdit(stored, changed.join(QChar(0x2029))), changed.join(QStringLiteral("\r\n")))
+            << line;
+    }
+}
+
+TEST(StoredTextTest, AClusterBeginsWhereAPersonSeesItBegin) {
+    const QString text = QStringLiteral("a🇨🇳👩‍👩‍👧e\u0301\u2029b");
+    const QList<qsizetype> starts{0, 1, 5, 13, 15, 16, 17};
+    for (qsizetype at = 0; at <= text.size(); ++at) {
+        const auto next = std::upper_bound(starts.begin(), starts.end(), at);
+        EXPECT_EQ(clusterStart(text, at), *std::prev(next)) << at;
+    }
 }
 
 }  // namespace

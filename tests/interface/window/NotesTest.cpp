@@ -146,5 +146,82 @@ TEST_F(NotesTest, ARecordThatComesBackFindsItsPageAsItWas) {
     EXPECT_EQ(editor->toPlainText(), QStringLiteral("typed"));
 }
 
+TEST_F(NotesTest, TheStructuralUndoLeavesCaretAndTypingHistoryAlone) {
+    go(takeRoute());
+    QTest::keyClicks(&notes(), QStringLiteral("first second"));
+    const Identifier added = store->addShot(project, act);
+    settle();
+    QTest::keyClicks(&notes(), QStringLiteral(" third"));
+    QTextCursor caret = notes().textCursor();
+    caret.setPosition(5);
+    notes().setTextCursor(caret);
+    click(QStringLiteral("撤销结构修改"));
+    EXPECT_EQ(store->shot(project, act, added), nullptr);
+    EXPECT_EQ(takeRecord().notes, Text("first second third"));
+    EXPECT_EQ(notes().textCursor().position(), 5);
+    notes().setFocus();
+    QTest::keyClick(&notes(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_NE(takeRecord().notes, Text("first second third")) << "its own history is still there";
+}
+
+TEST_F(NotesTest, ControlZInTheNotesIsNotTheStructuralUndo) {
+    const Identifier added = store->addShot(project, act);
+    go(takeRoute());
+    notes().setFocus();
+    QTest::keyClicks(&notes(), QStringLiteral("typed"));
+    for (int times = 0; times < 4; ++times)
+        press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(takeRecord().notes, Text(""));
+    EXPECT_NE(store->shot(project, act, added), nullptr);
+    EXPECT_TRUE(store->canUndo());
+}
+
+TEST_F(NotesTest, LeavingThePageKeepsWhatIsBeingComposed) {
+    go(takeRoute());
+    notes().setFocus();
+    QInputMethodEvent compose(QStringLiteral("zhong"), {});
+    QApplication::sendEvent(&notes(), &compose);
+    go(shotRoute());
+    EXPECT_EQ(takeRecord().notes, Text("zhong"));
+    clock.advance(1000);
+    EXPECT_FALSE(store->hasUnsavedChanges());
+}
+
+TEST_F(NotesTest, ControlReturnMakesNoTakeOutOfAComposition) {
+    go(takeRoute());
+    notes().setFocus();
+    QInputMethodEvent compose(QStringLiteral("zhong"), {});
+    QApplication::sendEvent(&notes(), &compose);
+    press(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(shotRecord().takes.size(), 1U);
+    EXPECT_EQ(route(), takeRoute());
+    commit(notes(), QStringLiteral("中"));
+    EXPECT_NE(takeRecord().notes.utf8().find("中"), std::string::npos);
+}
+
+TEST_F(NotesTest, ARecordThatIsDeletedUnderACompositionStaysDeleted) {
+    go(takeRoute());
+    notes().setFocus();
+    QInputMethodEvent compose(QStringLiteral("zhong"), {});
+    QApplication::sendEvent(&notes(), &compose);
+    store->updateShot(project, act, shot, [](Shot& record) { record.takes.clear(); });
+    settle();
+    EXPECT_TRUE(shotRecord().takes.empty());
+    EXPECT_TRUE(shows(QStringLiteral("这条记录已删除")));
+}
+
+TEST_F(NotesTest, TextsThatDifferInFormAloneAreNotWrittenBack) {
+    store->updateTake(project, act, shot, take,
+                      [](VantryTake& record) { record.notes = "e\u0301tage\r\nzwei"; });
+    go(takeRoute());
+    store->updateTake(project, act, shot, take,
+                      [](VantryTake& record) { record.notes = "\u00E9tage\r\nzwei"; });
+    settle();
+    notes().setFocus();
+    QTest::keyClick(&notes(), Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClicks(&notes(), QStringLiteral("!"));
+    EXPECT_EQ(takeRecord().notes.utf8().substr(takeRecord().notes.utf8().size() - 7), "\r\nzwei!");
+}
+
 }  // namespace
 }  // namespace vantry::test
