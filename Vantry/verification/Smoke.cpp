@@ -48,7 +48,7 @@ bool Smoke::run() {
     BrandVerification::run();
     FontVerification::run();
     CalendarVerification::run();
-    skip("ParagraphVerification");
+    ParagraphVerification::run();
     LayoutVerification::run();
     InteractionVerification::run();
     const fs::path folder = verificationFolder();

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <stdexcept>
 #include <string>
 
 #include "VantryCore/records/Identifier.h"
 
 class QString;
+class QTextEdit;
 class QWidget;
 
 namespace vantry {
@@ -48,6 +50,20 @@ struct BrandVerification {
 struct FontVerification {
     static void run();
     static void verifyFace(const std::string& name, const QString& folder);
+};
+
+/// The editor of paragraphs: edits in the middle, refreshes, compositions, and where it can be clicked.
+struct ParagraphVerification {
+    /// A view, the text that it is bound to, and its way to show what stands there.
+    struct Subject {
+        QTextEdit& view;
+        QString& bound;
+        std::function<void()> synchronize;
+    };
+    static void run();
+    static void verifyEditing(const Subject& subject);
+    /// Of a view without text.
+    static void verifyClickTarget(QTextEdit& view);
 };
 
 /// Headings of the longest titles. The search page joins when there is one.
