@@ -34,6 +34,7 @@ void registerDocuments(const Workload& work);
 void registerEncoding(const Workload& work);
 void registerExchange(const Workload& work);
 void registerKeystrokes(const Workload& work);
+void registerNotes(const Workload& work);
 void registerSaving(const Workload& work);
 void registerValidation(const Workload& work);
 void registerWindow(const Workload& work);

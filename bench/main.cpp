@@ -20,6 +20,7 @@ int main(int count, char** arguments) {
         registerEncoding(work);
         registerExchange(work);
         registerKeystrokes(work);
+        registerNotes(work);
         registerSaving(work);
         registerValidation(work);
         registerWindow(work);
