@@ -6,6 +6,7 @@
 #include "Vantry/interface/design/Palette.h"
 #include "Vantry/interface/routes/Crumbs.h"
 #include "Vantry/interface/routes/Navigation.h"
+#include "Vantry/interface/shots/Drawing.h"
 #include "VantryCore/records/Library.h"
 #include "conformance/Operation.h"
 #include "conformance/RecordJson.h"
@@ -122,11 +123,18 @@ Json contrastOf(const Json& in) {
     return {{"ratio", std::round(ratio * hundredths) / hundredths}};
 }
 
+Json capture(const Json& in) {
+    Json points = Json::array();
+    for (const auto& location : in.at("locations"))
+        if (const auto point = captured(location.at(0), location.at(1), in.at("width"), in.at("height")))
+            points.push_back(Json::array({point->x, point->y}));
+    return {{"points", points}};
+}
+
 constexpr std::array operations{
-    NamedOperation{"route.walk", walk},
-    NamedOperation{"layout.columns", columns},
-    NamedOperation{"layout.work", work},
-    NamedOperation{"palette.contrast", contrastOf},
+    NamedOperation{"route.walk", walk},         NamedOperation{"layout.columns", columns},
+    NamedOperation{"layout.work", work},        NamedOperation{"palette.contrast", contrastOf},
+    NamedOperation{"drawing.capture", capture},
 };
 
 }  // namespace

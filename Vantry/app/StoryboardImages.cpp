@@ -19,8 +19,6 @@ constexpr qsizetype largeBound = qsizetype{128} * 1024;   ///< the one that is l
 
 /// What pages show is no larger, on screens of twice the density too.
 constexpr QSize pageRoom(1024, 1024);
-/// Larger sizes are decoded in steps of this, so that a window that grows does not decode at each point.
-constexpr int roomStep = 512;
 
 bool isSameFile(const FileStatus& a, const FileStatus& b) {
     return a.identity == b.identity && a.size == b.size;
@@ -42,17 +40,17 @@ QImage readyToPaint(const QImage& image) {
 
 /// How large to decode what is shown in `bound`.
 QSize roomFor(const QSize& bound) {
-    if (bound.isEmpty() || isWithin(bound, pageRoom))
-        return bound.isEmpty() ? QSize() : pageRoom;
-    const auto stepped = [](int side) { return (side + roomStep - 1) / roomStep * roomStep; };
-    return {stepped(bound.width()), stepped(bound.height())};
+    return !bound.isEmpty() && isWithin(bound, pageRoom) ? pageRoom : bound;
 }
 
 QImage scaledInto(const QImage& image, const QSize& bound) {
     if (image.isNull() || bound.isEmpty() || isWithin(image.size(), bound))
         return image;
-    return image.scaled(image.size().scaled(bound, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)),
-                        Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QSize size = QSizeF(image.size()).scaled(bound, Qt::KeepAspectRatio).toSize();
+    // Frames are on whole points: what is only a point smaller fills them, or its edges would be blurred.
+    if ((bound - size).width() <= 1 && (bound - size).height() <= 1)
+        size = bound;
+    return image.scaled(size.expandedTo(QSize(1, 1)), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 }  // namespace
@@ -74,8 +72,11 @@ QImage StoryboardImages::image(const std::string& key, const QSize& bound) {
         const QString name = nameOf(key, wanted);
         if (const Decoded* known = shelf.object(name); known != nullptr && isSameFile(known->file, *status))
             return known->image;
-        const QImage image = scaledInto(source(key, wanted, *status), wanted);
-        shelf.insert(name, new Decoded{image, *status, wanted}, image.sizeInBytes() / 1024 + 1);
+        const QImage held = source(key, wanted, *status);
+        const QImage image = scaledInto(held, wanted);
+        // What is shown as it was decoded is kept already.
+        if (image.cacheKey() != held.cacheKey())
+            shelf.insert(name, new Decoded{image, *status, wanted}, image.sizeInBytes() / 1024 + 1);
         return image;
     } catch (const std::exception&) {
         return {};  // an image that cannot be read is shown as none

@@ -26,6 +26,7 @@ public:
     static constexpr int largestSide = 5120;
 
     /// The image of that key, no larger than `bound` and not enlarged; in its own size when `bound` is empty.
+    /// It fills a `bound` that its proportions miss by a point.
     /// A null image when there is no file, or no image in it. While nothing of it changes, and there is room
     /// to keep it, it is the same image at each call.
     [[nodiscard]] QImage image(const std::string& key, const QSize& bound);

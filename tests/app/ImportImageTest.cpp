@@ -108,6 +108,25 @@ TEST_F(ImportImageTest, AcceptsExactly25MillionBytesAndNotOneMore) {
     EXPECT_EQ(store->error(), tooLarge);
 }
 
+TEST_F(ImportImageTest, TakesAFileThatWasChosenInAnotherWayByTheSameRules) {
+    const std::string bytes = pngOf(Qt::darkGreen);
+    offer("分镜.png", bytes);
+    const std::string path = panels.answer->string();
+    store->importImageFile(project, act, shot, path);
+    EXPECT_EQ(panels.asked, 0);
+    EXPECT_EQ(imageKey(), Text(Codec::hash(bytes)));
+    offer("text.png", "a text");
+    store->importImageFile(project, act, shot, panels.answer->string());
+    EXPECT_EQ(store->error(), notAnImage);
+    EXPECT_EQ(imageKey(), Text(Codec::hash(bytes)));
+    store->undo();
+    EXPECT_FALSE(imageKey()) << "one structural change";
+    put(file(), "invalid JSON");
+    store = open();
+    store->importImageFile(project, act, shot, path);
+    EXPECT_EQ(contentOf(file()), "invalid JSON");
+}
+
 TEST_F(ImportImageTest, DoesNothingWhenThePanelIsCancelled) {
     import();
     EXPECT_EQ(panels.asked, 1);

@@ -22,6 +22,25 @@ namespace {
 constexpr qreal ratio = 16.0 / 9.0;
 /// A picture of more pixels is not kept: of so large a frame only a part is in sight.
 constexpr qreal mostPictured = 4'000'000;
+/// Whether to paint `parts` of a frame anew costs less than the whole.
+bool areWorthIt(const std::vector<QRectF>& parts, const QRectF& place) {
+    qreal area = 0;
+    for (const QRectF& part : parts) {
+        const QRectF tile = inkedBy(part, place);
+        area += tile.width() * tile.height();
+    }
+    return area < place.width() * place.height() / 2;
+}
+
+/// Adds the parts of a frame that a stroke lies on: many small ones cost less than the one around them all.
+void addTrack(std::span<const Point> points, std::vector<QRectF>& parts) {
+    constexpr std::size_t length = 16;
+    for (std::size_t first = 0; first < points.size(); first += length) {
+        // Up to the first point of the next part, so that the line between them is in one.
+        const std::size_t count = std::min(length + 1, points.size() - first);
+        parts.push_back(boundsOf(points.subspan(first, count)));
+    }
+}
 
 }  // namespace
 
@@ -30,8 +49,8 @@ StoryboardFrame::StoryboardFrame(VantryStore& source)
 
 QRectF StoryboardFrame::within(const QRectF& space) {
     const qreal width = std::min(space.width(), space.height() * ratio);
-    const QSizeF size(width, width / ratio);
-    // On whole points, so that what was painted once stays sharp.
+    // On whole points, so that its edges are sharp.
+    const QSizeF size(std::round(width), std::round(width / ratio));
     return {QPointF(std::floor(space.left() + (space.width() - size.width()) / 2),
                     std::floor(space.top() + (space.height() - size.height()) / 2)),
             size};
@@ -75,11 +94,9 @@ bool StoryboardFrame::setStrokes(const std::vector<Stroke>& next) {
         return false;
     if (strokes.empty() != next.empty())
         picture = {};  // the hint comes or goes
-    if (inPicture > same) {
-        stale.insert(stale.end(), bounds.begin() + static_cast<std::ptrdiff_t>(same),
-                     bounds.begin() + static_cast<std::ptrdiff_t>(inPicture));
-        inPicture = same;
-    }
+    for (std::size_t index = same; index < inPicture; ++index)
+        addTrack(strokes[index].points, stale);
+    inPicture = std::min(inPicture, same);
     strokes.resize(same);
     bounds.resize(same);
     for (std::size_t index = same; index < next.size(); ++index) {
@@ -114,8 +131,9 @@ void StoryboardFrame::paint(QPainter& painter, const QRectF& place, const QRectF
 void StoryboardFrame::bringPictureInLine(const Look& look, const QImage& image) {
     const QRectF place(QPointF(), look.size);
     // A part can be painted anew only where points lie on the edges of pixels.
-    const bool isDivided = !stale.empty() && look.scale != std::floor(look.scale);
-    if (picture.isNull() || look != pictured || isDivided) {
+    const bool isWhole =
+        !stale.empty() && (look.scale != std::floor(look.scale) || !areWorthIt(stale, place));
+    if (picture.isNull() || look != pictured || isWhole) {
         picture = QPixmap((look.size * look.scale).toSize().expandedTo(QSize(1, 1)));
         picture.setDevicePixelRatio(look.scale);
         picture.fill(Qt::transparent);
@@ -136,31 +154,38 @@ void StoryboardFrame::bringPictureInLine(const Look& look, const QImage& image) 
 }
 
 void StoryboardFrame::repaintStale(const QRectF& place, const QImage& image) {
-    stale.insert(stale.end(), bounds.begin() + static_cast<std::ptrdiff_t>(inPicture), bounds.end());
-    QRectF part;
-    for (const QRectF& gone : stale)
-        part = part.united(inkedBy(gone, place));
-    part = part.toAlignedRect();
+    for (std::size_t index = inPicture; index < strokes.size(); ++index)
+        addTrack(strokes[index].points, stale);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setClipRect(part);
-    painter.setCompositionMode(QPainter::CompositionMode_Clear);
-    painter.fillRect(part, Qt::transparent);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    paintContent(painter, place, part, *pictured.palette, image);
+    for (const QRectF& part : stale) {
+        const QRectF tile = inkedBy(part, place).toAlignedRect();
+        painter.setClipRect(tile);
+        painter.setCompositionMode(QPainter::CompositionMode_Clear);
+        painter.fillRect(tile, Qt::transparent);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+        paintContent(painter, place, tile, *pictured.palette, image);
+    }
 }
 
 void StoryboardFrame::paintContent(QPainter& painter, const QRectF& place, const QRectF& exposed,
                                    const Palette& palette, const QImage& image) const {
-    const QPainterPath shape = shapeOf(place);
-    painter.fillPath(shape, palette.tint);
     painter.save();
-    painter.setClipPath(shape, Qt::IntersectClip);
+    constexpr int corner = Metrics::radiusTrack;
+    if (place.adjusted(corner, corner, -corner, -corner).contains(exposed)) {
+        painter.setClipRect(exposed, Qt::IntersectClip);
+        painter.fillRect(exposed, palette.tint);
+    } else {
+        const QPainterPath shape = shapeOf(place);
+        painter.fillPath(shape, palette.tint);
+        painter.setClipPath(shape, Qt::IntersectClip);
+    }
     if (isEmpty() && !shownHint.isEmpty())
         paintHint(painter, place, palette);
     if (!image.isNull()) {
-        QRectF whole(QPointF(), QSizeF(image.size()).scaled(place.size(), Qt::KeepAspectRatio));
-        whole.moveCenter(place.center());
+        QRectF whole(QPointF(), QSizeF(image.size()).scaled(place.size(), Qt::KeepAspectRatio).toSize());
+        whole.moveTopLeft(place.topLeft() + QPointF(std::floor((place.width() - whole.width()) / 2),
+                                                    std::floor((place.height() - whole.height()) / 2)));
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.drawImage(whole, image);
     }

@@ -74,7 +74,7 @@ private:
     QPixmap picture;  ///< what was painted last; null when it has to be painted anew
     Look pictured;
     std::size_t inPicture = 0;  ///< how many of the strokes are in the picture
-    std::vector<QRectF> stale;  ///< the bounds of those in the picture that are gone
+    std::vector<QRectF> stale;  ///< the parts of it where strokes are gone, in fractions
 };
 
 }  // namespace vantry

@@ -55,7 +55,7 @@ void StoryboardViewer::open(VantryStore& store, const Identifier& shotID, QWidge
     viewer->setAttribute(Qt::WA_DeleteOnClose);
     viewer->fit();
     viewer->refresh();
-    viewer->close->setFocus();
+    viewer->dismiss->setFocus();
     viewer->QDialog::open();
 }
 
@@ -67,7 +67,7 @@ StoryboardViewer::StoryboardViewer(VantryStore& source, const Identifier& shown,
     , percentage(new TabularLabel(VantryType::Role::label, &Palette::ink, this))
     , zoomIn(new Button(Button::Kind::quiet, Glyph::zoomIn, this))
     , fitToWindow(new Button(Button::Kind::quiet, Glyph::none, this))
-    , close(new Button(Button::Kind::primary, Glyph::none, this))
+    , dismiss(new Button(Button::Kind::primary, Glyph::none, this))
     , hint(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this))
     , view(new QScrollArea(this))
     , image(new StoryboardImage(store)) {
@@ -89,18 +89,18 @@ StoryboardViewer::StoryboardViewer(VantryStore& source, const Identifier& shown,
 void StoryboardViewer::makeHeader() {
     percentage->setFixedWidth(Metrics::zoomWidth);
     percentage->setAlignment(Qt::AlignCenter);
-    close->setPressedOnce();
+    dismiss->setPressedOnce();
     auto* strip = new QHBoxLayout;
-    strip->setSpacing(Metrics::gapTrack);
+    strip->setSpacing(Metrics::gapInline);
     for (QWidget* part : std::initializer_list<QWidget*>{zoomOut, percentage, zoomIn})
         strip->addWidget(part);
     actions().addLayout(strip);
     actions().addWidget(fitToWindow);
-    actions().addWidget(close);
+    actions().addWidget(dismiss);
     connect(zoomOut, &Button::clicked, this, [this] { setZoom(zoomed - step); });
     connect(zoomIn, &Button::clicked, this, [this] { setZoom(zoomed + step); });
     connect(fitToWindow, &Button::clicked, this, [this] { setZoom(smallest); });
-    connect(close, &Button::clicked, this, &StoryboardViewer::reject);
+    connect(dismiss, &Button::clicked, this, &StoryboardViewer::reject);
 }
 
 void StoryboardViewer::makeKeys() {
@@ -147,7 +147,7 @@ void StoryboardViewer::refresh() {
     zoomOut->setPlain(text(u"缩小", u"Zoom out"));
     zoomIn->setPlain(text(u"放大", u"Zoom in"));
     fitToWindow->setPlain(text(u"适合窗口", u"Fit to window"));
-    close->setPlain(text(u"关闭", u"Close"));
+    dismiss->setPlain(text(u"关闭", u"Close"));
     hint->setPlain(text(u"放大后可用触控板或滚动条移动查看；按 Esc 关闭。",
                         u"Scroll to explore when zoomed in. Press Esc to close."));
     refreshZoom();
@@ -158,9 +158,14 @@ void StoryboardViewer::refresh() {
 }
 
 void StoryboardViewer::fetch() {
-    // Decoded once, as large as it can be shown: no step of the zoom waits for it again.
-    if (key)
-        static_cast<void>(store.image(key, sizeOfWidth(fitWidth() * largest) * devicePixelRatioF()));
+    if (!key)
+        return;
+    // Decoded once, as large as it can be shown, and some more: no step of the zoom waits for it again, nor
+    // does a window that grows a little.
+    constexpr int spare = 512;
+    const QSize size = sizeOfWidth(fitWidth() * largest) * devicePixelRatioF();
+    static_cast<void>(
+        store.image(key, {(size.width() / spare + 1) * spare, (size.height() / spare + 1) * spare}));
 }
 
 void StoryboardViewer::refreshZoom() {

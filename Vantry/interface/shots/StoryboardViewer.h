@@ -64,7 +64,7 @@ private:
     TabularLabel* percentage;
     Button* zoomIn;
     Button* fitToWindow;
-    Button* close;
+    Button* dismiss;
     Label* hint;
     QScrollArea* view;
     StoryboardImage* image;
