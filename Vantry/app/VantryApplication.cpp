@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
+#include "Vantry/app/Composition.h"
+
 namespace vantry {
 
 VantryApplication::VantryApplication(int& argc, char** argv)
@@ -12,6 +14,7 @@ VantryApplication::VantryApplication(int& argc, char** argv)
     setApplicationDisplayName(QStringLiteral("Vantry"));
     setApplicationVersion(QStringLiteral("0.7.7"));
     setDesktopFileName(QStringLiteral("vantry"));
+    watchCompositions(*this);
     // Each place where mouse, finger or pen has been is a point of a drawing. Only now: the platform has set
     // its own wish by the time the application is there.
     setAttribute(Qt::AA_CompressHighFrequencyEvents, false);

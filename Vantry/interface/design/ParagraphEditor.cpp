@@ -222,11 +222,16 @@ void ParagraphEditor::finishComposition() {
     method.commit();
     if (!isComposing())
         return;
-    // There are input methods that do not answer, and what they hold was typed all the same.
-    QInputMethodEvent written;
-    written.setCommitString(textCursor().block().layout()->preeditAreaText());
-    QApplication::sendEvent(this, &written);
+    // Some methods hand over what they hold when they are reset, others forget it, and there may be none at
+    // all. What was typed is written in each case, and once.
+    const QString held = textCursor().block().layout()->preeditAreaText();
+    const int before = document()->characterCount();
     method.reset();
+    if (document()->characterCount() != before)
+        return;
+    QInputMethodEvent written;
+    written.setCommitString(held);
+    QApplication::sendEvent(this, &written);
 }
 
 void ParagraphEditor::keepOutOfPairs() {
@@ -267,6 +272,16 @@ void ParagraphEditor::inputMethodEvent(QInputMethodEvent* event) {
 void ParagraphEditor::paintEvent(QPaintEvent* event) {
     QTextEdit::paintEvent(event);
     caret->paint();
+}
+
+QVariant ParagraphEditor::inputMethodQuery(Qt::InputMethodQuery asked) const {
+    const QVariant answer = QTextEdit::inputMethodQuery(asked);
+    if (asked != Qt::ImCursorRectangle && asked != Qt::ImAnchorRectangle)
+        return answer;
+    // The view's own caret has no width, and Qt takes a place without any for none.
+    QRectF place = answer.toRectF();
+    place.setWidth(Metrics::caret);
+    return place;
 }
 
 void ParagraphEditor::mousePressEvent(QMouseEvent* event) {

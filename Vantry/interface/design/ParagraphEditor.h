@@ -42,6 +42,10 @@ public:
     [[nodiscard]] QSize sizeHint() const override { return QSize(0, 0); }
     [[nodiscard]] QSize minimumSizeHint() const override { return QSize(0, 0); }
 
+    using QTextEdit::inputMethodQuery;
+    /// Tells input methods where the caret is, for their lists of candidates.
+    [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery asked) const override;
+
 signals:
     void focusChanged(bool focused);
 

@@ -27,6 +27,18 @@ TEST_F(ParagraphCompositionTest, AStaleTextChangesNothing) {
     EXPECT_EQ(caret(), 1);
 }
 
+TEST_F(ParagraphCompositionTest, CandidatesAreShownAtTheCaret) {
+    QInputMethodQueryEvent query(Qt::ImCursorRectangle | Qt::ImAnchorRectangle);
+    QApplication::sendEvent(&editor, &query);
+    for (const auto asked : {Qt::ImCursorRectangle, Qt::ImAnchorRectangle}) {
+        const QRectF place = query.value(asked).toRectF();
+        EXPECT_TRUE(place.isValid()) << "a place without width is none";
+        EXPECT_EQ(place.topLeft().toPoint().y(), editor.cursorRect().top());
+    }
+    EXPECT_EQ(query.value(Qt::ImCursorRectangle).toRectF().topLeft().toPoint(),
+              editor.cursorRect().topLeft());
+}
+
 TEST_F(ParagraphCompositionTest, AnOutsideTextEntersWhenItIsGivenUp) {
     replaceOutside(QStringLiteral("新前后"));
     compose({});

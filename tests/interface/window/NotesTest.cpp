@@ -183,7 +183,18 @@ TEST_F(NotesTest, LeavingThePageKeepsWhatIsBeingComposed) {
     QApplication::sendEvent(&notes(), &compose);
     go(shotRoute());
     EXPECT_EQ(takeRecord().notes, Text("zhong"));
-    clock.advance(1000);
+    EXPECT_FALSE(store->hasUnsavedChanges()) << "on disk with the page that was left";
+}
+
+TEST_F(NotesTest, TheEndOfTheProgramKeepsWhatIsBeingComposed) {
+    go(takeRoute());
+    notes().setFocus();
+    QInputMethodEvent compose(QStringLiteral("zhong"), {});
+    QApplication::sendEvent(&notes(), &compose);
+    window->close();
+    settle();
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(takeRecord().notes, Text("zhong"));
     EXPECT_FALSE(store->hasUnsavedChanges());
 }
 
