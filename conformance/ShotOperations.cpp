@@ -1,5 +1,6 @@
 #include <array>
 
+#include "Vantry/interface/shots/ShotOrder.h"
 #include "VantryCore/records/Act.h"
 #include "conformance/Operation.h"
 #include "conformance/RecordJson.h"
@@ -45,6 +46,25 @@ Json actCounts(const Json& in) {
     return {{"active", act.activeCount()}, {"completed", act.completedCount()}};
 }
 
+Json navigation(const Json& in) {
+    const auto project = toRecord<Project>(in.at("project"));
+    const Identifier shotID = toIdentifier(in.at("shotID"));
+    const ShotOrder order(project);
+    const auto neighbor = [&](int step) {
+        const auto found = order.neighbor(shotID, step);
+        return found ? Json(found->shot->id.text()) : Json();
+    };
+    const auto index = order.indexOf(shotID);
+    Json matches = Json::array();
+    for (const auto& held : order.matching(in.at("query").get_ref<const std::string&>()))
+        matches.push_back(held.shot->id.text());
+    return {{"previous", neighbor(-1)},
+            {"next", neighbor(1)},
+            {"position", index ? Json(*index + 1) : Json()},
+            {"count", order.ordered().size()},
+            {"matches", matches}};
+}
+
 Json insertShot(const Json& in) {
     auto act = toRecord<Act>(in.at("act"));
     std::optional<Identifier> after;
@@ -77,9 +97,10 @@ Json moveShot(const Json& in) {
 }
 
 constexpr std::array operations{
-    NamedOperation{"shot.newTake", newTake},      NamedOperation{"shot.setSoundMode", setSoundMode},
-    NamedOperation{"shot.facts", shotFacts},      NamedOperation{"act.counts", actCounts},
-    NamedOperation{"act.insertShot", insertShot}, NamedOperation{"act.moveShot", moveShot},
+    NamedOperation{"shot.newTake", newTake},       NamedOperation{"shot.setSoundMode", setSoundMode},
+    NamedOperation{"shot.facts", shotFacts},       NamedOperation{"act.counts", actCounts},
+    NamedOperation{"act.insertShot", insertShot},  NamedOperation{"act.moveShot", moveShot},
+    NamedOperation{"shot.navigation", navigation},
 };
 
 }  // namespace
