@@ -73,7 +73,7 @@ QImage StoryboardImages::image(const std::string& key, const QSize& bound) {
         if (const Decoded* known = shelf.object(name); known != nullptr && isSameFile(known->file, *status))
             return known->image;
         const QImage held = source(key, wanted, *status);
-        const QImage image = scaledInto(held, wanted);
+        QImage image = scaledInto(held, wanted);
         // What is shown as it was decoded is kept already.
         if (image.cacheKey() != held.cacheKey())
             shelf.insert(name, new Decoded{image, *status, wanted}, image.sizeInBytes() / 1024 + 1);
@@ -92,7 +92,7 @@ QImage StoryboardImages::source(const std::string& key, const QSize& bound, cons
             return known->image;
     FileOperations& disk = FileOperations::system();
     QSize room = roomFor(bound);
-    const QImage image = readyToPaint(
+    QImage image = readyToPaint(
         readImage(readWhole(MediaFolder(folder, disk).fileOf(key), VantryBackup::largestFile, disk), room));
     Shelf& shelf = room == pageRoom ? sources : large;
     // Smaller than it might be: that is its own size.
