@@ -72,7 +72,7 @@ public:
     }
 
     /// Types a letter and waits until it is painted: milliseconds.
-    double type() {
+    [[nodiscard]] double type() const {
         QElapsedTimer timer;
         timer.start();
         QKeyEvent press(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
@@ -107,6 +107,7 @@ void typeOn(benchmark::State& state, const Workload& work, const Notes& notes) {
     Writing writing(work, notes, OpenWindow::Saving::never);
     for (auto _ : state) {
         std::vector<double> samples;
+        samples.reserve(static_cast<std::size_t>(keys));
         for (int key = 0; key < keys; ++key)
             samples.push_back(writing.type());
         report(state, std::move(samples));
@@ -120,6 +121,7 @@ void typeBetweenSaves(benchmark::State& state, const Workload& work, const Notes
     Writing writing(work, notes, OpenWindow::Saving::asUsual);
     for (auto _ : state) {
         std::vector<double> samples;
+        samples.reserve(static_cast<std::size_t>(keys));
         for (int key = 0; key < keys; ++key) {
             samples.push_back(writing.type());
             while (writing.open.store->hasUnsavedChanges())

@@ -275,7 +275,7 @@ void ParagraphEditor::paintEvent(QPaintEvent* event) {
 }
 
 QVariant ParagraphEditor::inputMethodQuery(Qt::InputMethodQuery asked) const {
-    const QVariant answer = QTextEdit::inputMethodQuery(asked);
+    QVariant answer = QTextEdit::inputMethodQuery(asked);
     if (asked != Qt::ImCursorRectangle && asked != Qt::ImAnchorRectangle)
         return answer;
     // The view's own caret has no width, and Qt takes a place without any for none.
@@ -343,13 +343,16 @@ void ParagraphEditor::insertFromMimeData(const QMimeData* source) {
     ensureCursorVisible();
 }
 
-ParagraphField::ParagraphField(int height, QWidget* parent)
+ParagraphField::ParagraphField(int height, Title kind, QWidget* parent)
     : QWidget(parent)
-    , label(new Label(VantryType::Role::label, &Palette::ink, Label::Length::cut, this))
+    , label(kind == Title::section
+                ? new Label(VantryType::Role::label, &Palette::ink, Label::Length::cut, this)
+                : new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this))
     , frame(new QWidget(this))
     , text(new ParagraphEditor(frame))
     , focus(*this, VantryMotion::feedback()) {
-    label->setFont(VantryType::font(VantryType::Role::label, QFont::DemiBold));
+    if (kind == Title::section)
+        label->setFont(VantryType::font(VantryType::Role::label, QFont::DemiBold));
     auto* inside = new QVBoxLayout(frame);
     // Lines that are scrolled do not cross the border.
     inside->setContentsMargins(0, Metrics::ring, 0, Metrics::ring);
@@ -358,7 +361,7 @@ ParagraphField::ParagraphField(int height, QWidget* parent)
     frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(Metrics::gapInline);
+    column->setSpacing(kind == Title::section ? Metrics::gapInline : Metrics::gapCaption);
     column->addWidget(label);
     column->addWidget(frame, 1);
     connect(text, &ParagraphEditor::focusChanged, this,
@@ -368,6 +371,10 @@ ParagraphField::ParagraphField(int height, QWidget* parent)
 ParagraphField::~ParagraphField() {
     // It still loses the keyboard when the rest of this is gone.
     text->disconnect(this);
+}
+
+int ParagraphField::titleHeight() const {
+    return label->sizeHint().height() + layout()->spacing();
 }
 
 void ParagraphField::setTitle(const QString& title, const QString& hint) {
