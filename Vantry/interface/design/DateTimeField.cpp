@@ -1,9 +1,9 @@
 #include "Vantry/interface/design/DateTimeField.h"
 
-#include <QCalendarWidget>
 #include <QScopedValueRollback>
 #include <QWheelEvent>
 
+#include "Vantry/interface/design/DayCalendar.h"
 #include "Vantry/interface/design/VantryFieldStyle.h"
 #include "Vantry/interface/design/VantryType.h"
 
@@ -18,11 +18,7 @@ DateTimeField::DateTimeField(QWidget* parent)
                      QDateTime(QDate(9999, 12, 31), QTime(23, 59), Qt::UTC));
     setMinimumHeight(VantryFieldStyle::minimumHeight);
     setCalendarPopup(true);
-    auto* calendar = new QCalendarWidget;
-    calendar->setFirstDayOfWeek(Qt::Monday);
-    calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    calendar->setFont(VantryType::font(VantryType::Role::label));
-    setCalendarWidget(calendar);
+    setCalendarWidget(new DayCalendar);
     connect(this, &QDateTimeEdit::dateTimeChanged, this, [this](const QDateTime& reading) {
         if (!synchronizing)
             emit edited(reading);

@@ -86,8 +86,13 @@ class ParagraphField final : public QWidget {
     Q_OBJECT
 
 public:
+    /// How its title is set: as the title of a part of a page, or as the caption of one field among others.
+    enum class Title { section, caption };
+
     /// `height` is the least height of the frame; it takes more where there is more.
-    explicit ParagraphField(int height, QWidget* parent = nullptr);
+    explicit ParagraphField(int height, QWidget* parent = nullptr)
+        : ParagraphField(height, Title::section, parent) {}
+    ParagraphField(int height, Title kind, QWidget* parent = nullptr);
     ~ParagraphField() override;
 
     /// Shows the title, with a hint behind it if there is one; the title alone names the editor.
@@ -95,6 +100,8 @@ public:
     [[nodiscard]] ParagraphEditor& editor() noexcept { return *text; }
     /// How far its border is that of a field with the keyboard, from 0 to 1.
     [[nodiscard]] double focusShare() const { return focus.value(); }
+    /// What it takes beside its frame.
+    [[nodiscard]] int titleHeight() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -18,7 +18,7 @@ TakeMedia::TakeMedia(const std::function<TextBinding(Text VantryTake::*)>& bind,
     : QWidget(parent)
     , card(new Card)
     , mode(new SoundPicker)
-    , camera(new ParagraphField(Metrics::namesHeight))
+    , camera(new ParagraphField(Metrics::namesHeight, ParagraphField::Title::caption))
     , mixer(new LabeledInput)
     , mixerLine(makeMixer())
     , kept(new Label(VantryType::Role::caption, &Palette::warning, Label::Length::wrapped)) {
@@ -55,8 +55,7 @@ void TakeMedia::fitCameraNames() {
     constexpr int more = 2;
     const int highest = Metrics::namesHeight + more * VantryType::paragraphLineHeight();
     const int wanted = static_cast<int>(camera->editor().document()->size().height()) + 2 * Metrics::ring;
-    const int title = VantryType::lineHeight(VantryType::Role::label) + Metrics::gapInline;
-    camera->setFixedHeight(title + std::clamp(wanted, Metrics::namesHeight, highest));
+    camera->setFixedHeight(camera->titleHeight() + std::clamp(wanted, Metrics::namesHeight, highest));
 }
 
 void TakeMedia::refresh(const VantryTake& take, bool english) {

@@ -152,8 +152,7 @@ void TakeView::resizeEvent(QResizeEvent* event) {
 void TakeView::fitNotes() {
     const int around = Metrics::aroundNotes + (retained->parentWidget()->isHidden() ? 0 : Metrics::gapBlock);
     const int editor = std::max(height() - around, Metrics::editorHeight);
-    const int title = VantryType::lineHeight(VantryType::Role::label) + Metrics::gapInline;
-    notes->setFixedHeight(title + editor);
+    notes->setFixedHeight(notes->titleHeight() + editor);
 }
 
 bool TakeView::fill() {
