@@ -1,6 +1,5 @@
 #include "bench/OpenWindow.h"
 
-#include <memory>
 #include <stdexcept>
 
 #include <QAbstractButton>
@@ -17,13 +16,14 @@ void makeApplication() {
     static char name[] = "vantry-bench";
     static char* arguments[] = {name, nullptr};
     static std::optional<QTemporaryDir> runtime;
-    static std::unique_ptr<VantryApplication> application;
+    // It goes with the process: what the toolkit itself keeps for its life is gone before ours would be.
+    static VantryApplication* application = nullptr;
     if (application != nullptr)
         return;
     runtime.emplace();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("XDG_RUNTIME_DIR", runtime->path().toUtf8());
-    application = std::make_unique<VantryApplication>(count, arguments);
+    application = new VantryApplication(count, arguments);
     const QString bundle = QCoreApplication::applicationDirPath() + QStringLiteral("/Vantry_Vantry.rcc");
     if (!VantryType::registerFonts(bundle))
         throw std::runtime_error("the resource file is missing");

@@ -67,7 +67,7 @@ int Button::padding() const {
 QSize Button::sizeHint() const {
     if (compact)
         return {Metrics::controlHeight, VantryQuietButtonStyle::height};
-    const int text = fontMetrics().horizontalAdvance(singleLine(plain())) + 1;
+    const int text = lineWidth(font(), singleLine(plain()));
     return {text + signWidth(glyph) + signWidth(trailing) + 2 * padding(),
             isInline(kind) ? VantryInlineButtonStyle::height : VantryQuietButtonStyle::height};
 }
@@ -111,8 +111,8 @@ void Button::paintContent(QPainter& painter, const QColor& colour) const {
     const int signs = signWidth(glyph) + signWidth(trailing);
     // A button that was cut to less keeps a hint of room at its ends.
     const int room = width() - signs - 2 * std::min(padding(), Metrics::paddingInline);
-    const QString line = fontMetrics().elidedText(singleLine(plain()), Qt::ElideRight, room);
-    const int textWidth = fontMetrics().horizontalAdvance(line);
+    const QString line = lineWithin(font(), plain(), room);
+    const int textWidth = lineWidth(font(), line) - 1;
     qreal left = (width() - textWidth - signs) / 2.0;
     const auto place = [this](qreal x) {
         return QRectF(x, (height() - Metrics::iconSmall) / 2.0, Metrics::iconSmall, Metrics::iconSmall);

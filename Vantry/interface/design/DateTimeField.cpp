@@ -1,5 +1,6 @@
 #include "Vantry/interface/design/DateTimeField.h"
 
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QWheelEvent>
 
@@ -18,7 +19,6 @@ DateTimeField::DateTimeField(QWidget* parent)
                      QDateTime(QDate(9999, 12, 31), QTime(23, 59), Qt::UTC));
     setMinimumHeight(VantryFieldStyle::minimumHeight);
     setCalendarPopup(true);
-    setCalendarWidget(new DayCalendar);
     connect(this, &QDateTimeEdit::dateTimeChanged, this, [this](const QDateTime& reading) {
         if (!synchronizing)
             emit edited(reading);
@@ -34,9 +34,24 @@ void DateTimeField::setEnglish(bool wanted) {
     const QLocale language = english ? QLocale(QLocale::English, QLocale::UnitedKingdom)
                                      : QLocale(QLocale::Chinese, QLocale::China);
     setLocale(language);
-    calendarWidget()->setLocale(language);
-    calendarWidget()->setFirstDayOfWeek(Qt::Monday);
+    if (hasCalendar)
+        calendar();
     setDisplayFormat(english ? QStringLiteral("d MMM yyyy, HH:mm") : QStringLiteral("yyyy年M月d日 HH:mm"));
+}
+
+QCalendarWidget& DateTimeField::calendar() {
+    if (!hasCalendar)
+        setCalendarWidget(new DayCalendar);
+    hasCalendar = true;
+    QCalendarWidget& shown = *calendarWidget();
+    shown.setLocale(locale());
+    shown.setFirstDayOfWeek(Qt::Monday);
+    return shown;
+}
+
+void DateTimeField::mousePressEvent(QMouseEvent* event) {
+    calendar();
+    QDateTimeEdit::mousePressEvent(event);
 }
 
 void DateTimeField::setReading(const QDateTime& reading) {

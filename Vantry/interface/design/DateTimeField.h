@@ -17,16 +17,20 @@ public:
     void setEnglish(bool english);
     /// Shows that reading of calendar and clock, unless it does already; says nothing.
     void setReading(const QDateTime& reading);
+    /// The calendar that it opens; made when it is wanted first.
+    QCalendarWidget& calendar();
 
 signals:
     /// The person changed it.
     void edited(const QDateTime& reading);
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
     bool english = false;
+    bool hasCalendar = false;
     bool synchronizing = false;
 };
 

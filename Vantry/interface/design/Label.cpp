@@ -8,6 +8,7 @@
 #include <QTextLayout>
 #include <QToolTip>
 
+#include "Vantry/interface/design/CellPainting.h"
 #include "Vantry/interface/design/ControlText.h"
 
 namespace vantry {
@@ -118,7 +119,7 @@ QSize Label::sizeHint() const {
     int width = 0;
     int lines = 0;
     for (const QString& line : text().split(QLatin1Char('\n'))) {
-        width = std::max(width, fontMetrics().horizontalAdvance(line) + 1);
+        width = std::max(width, vantry::lineWidth(font(), line));
         ++lines;
     }
     if (mostLines > 0)
@@ -149,7 +150,7 @@ int Label::heightForWidth(int width) const {
 }
 
 QString Label::shownLine() const {
-    return fontMetrics().elidedText(singleLine(text()), Qt::ElideRight, width());
+    return lineWithin(font(), text(), width());
 }
 
 bool Label::isCut() const {
@@ -189,7 +190,7 @@ void Label::paintEvent(QPaintEvent*) {
         const QString rest = singleLine(text().mid(layout.lineAt(lines - 1).textStart()));
         painter.drawText(QRect(0, (lines - 1) * lineHeight, width(), lineHeight),
                          static_cast<int>(Qt::AlignVCenter | (alignment() & Qt::AlignHorizontal_Mask)),
-                         fontMetrics().elidedText(rest, Qt::ElideRight, width()));
+                         lineWithin(font(), rest, width()));
         return;
     }
     painter.drawText(rect(), static_cast<int>(Qt::AlignVCenter | (alignment() & Qt::AlignHorizontal_Mask)),

@@ -4,6 +4,7 @@
 
 #include <QPainter>
 
+#include "Vantry/interface/design/CellPainting.h"
 #include "Vantry/interface/design/ControlStates.h"
 #include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/FocusRing.h"
@@ -66,7 +67,7 @@ QSize Segment::sizeHint() const {
     // Measured in the weight of the chosen one, so that nothing moves when the choice does.
     QFont widest = textFont();
     widest.setWeight(QFont::DemiBold);
-    int width = QFontMetrics(widest).horizontalAdvance(shown) + 1 + 2 * Metrics::paddingField;
+    int width = lineWidth(widest, shown) + 2 * Metrics::paddingField;
     if (look.glyph != Glyph::none)
         width += iconSize() + Metrics::gapInline;
     return {std::max(width, least(kind).width()), least(kind).height()};
@@ -102,7 +103,7 @@ void Segment::paintSurface(QPainter& painter, qreal hovered, qreal selected) con
 
 void Segment::paintContent(QPainter& painter, const QColor& colour) const {
     painter.setFont(textFont());
-    const int textWidth = painter.fontMetrics().horizontalAdvance(shown);
+    const int textWidth = lineWidth(textFont(), shown) - 1;
     const int signWidth = look.glyph == Glyph::none ? 0 : iconSize() + Metrics::gapInline;
     const qreal left = (width() - textWidth - signWidth) / 2.0;
     paintGlyph(painter, look.glyph, QRectF(left, (height() - iconSize()) / 2.0, iconSize(), iconSize()),

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "Vantry/interface/design/CellPainting.h"
 #include "Vantry/interface/design/Glyph.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/Palette.h"
@@ -55,8 +56,7 @@ int StatusPill::signWidth() const {
 }
 
 QSize StatusPill::sizeHint() const {
-    return {signWidth() + fontMetrics().horizontalAdvance(text()) + 1,
-            VantryType::lineHeight(VantryType::Role::caption)};
+    return {signWidth() + vantry::lineWidth(font(), text()), VantryType::lineHeight(VantryType::Role::caption)};
 }
 
 void StatusPill::paintEvent(QPaintEvent*) {

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "Vantry/interface/design/Accessibility.h"
+#include "Vantry/interface/design/CellPainting.h"
 #include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/Reveal.h"
 #include "Vantry/interface/design/Surface.h"
@@ -65,8 +66,8 @@ QString DisclosureHeader::value() const {
 }
 
 QSize DisclosureHeader::sizeHint() const {
-    const int texts = QFontMetrics(titleFont()).horizontalAdvance(plain()) +
-                      QFontMetrics(VantryType::font(VantryType::Role::caption)).horizontalAdvance(summary);
+    const int texts =
+        lineWidth(titleFont(), plain()) + lineWidth(VantryType::font(VantryType::Role::caption), summary);
     return {texts + 2 * (Metrics::paddingDisclosure + Metrics::disclosureIcon) + 3 * Metrics::gapDisclosure,
             titleHeight + 2 * Metrics::paddingDisclosure};
 }
@@ -110,12 +111,12 @@ void DisclosureHeader::paintContent(QPainter& painter) const {
     const int right = width() - Metrics::paddingDisclosure - icon - Metrics::gapDisclosure;
     const auto line = [&](const QString& text, const QRect& place, Qt::Alignment alignment) {
         painter.drawText(place, static_cast<int>(alignment | Qt::AlignVCenter),
-                         painter.fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
+                         lineWithin(painter.font(), text, place.width()));
     };
     painter.setFont(titleFont());
     painter.setPen(palette.ink);
     const QString title = singleLine(plain());
-    const int titleWidth = std::min(painter.fontMetrics().horizontalAdvance(title) + 1, right - left);
+    const int titleWidth = std::min(lineWidth(painter.font(), title), right - left);
     line(title, QRect(left, 0, titleWidth, height()), Qt::AlignLeft);
     const int from = left + titleWidth + Metrics::gapDisclosure;
     if (from >= right)
@@ -152,6 +153,12 @@ void VantryDisclosure::setTexts(const QString& title, const QString& summary, bo
     header->setTexts(title, summary, english);
 }
 
+void VantryDisclosure::setMaker(std::function<QWidget*()> maker) {
+    make = std::move(maker);
+    if (make && header->isExpanded())
+        column->addWidget(std::exchange(make, {})());
+}
+
 void VantryDisclosure::setBinding(FlagBinding target) {
     binding = std::move(target);
     synchronize();
@@ -180,6 +187,8 @@ void VantryDisclosure::show(bool expanded, bool moving) {
     // The keyboard stays with what is on screen.
     if (!expanded && reveal->isAncestorOf(focusWidget()))
         header->setFocus(Qt::OtherFocusReason);
+    if (expanded && make)
+        column->addWidget(std::exchange(make, {})());
     header->setExpanded(expanded);
     reveal->setShown(expanded, moving);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include <QWidget>
 
 #include "Vantry/interface/design/FlagBinding.h"
@@ -54,6 +56,8 @@ public:
     void setTexts(const QString& title, const QString& summary, bool english);
     /// What is shown when it is open; add to it.
     [[nodiscard]] QVBoxLayout& content() noexcept { return *column; }
+    /// Has it made, with its texts, when it is opened for the first time: most never are.
+    void setMaker(std::function<QWidget*()> make);
 
     /// Lets the state live elsewhere from now on, and shows it.
     void setBinding(FlagBinding target);
@@ -77,6 +81,7 @@ private:
     Reveal* reveal;
     QVBoxLayout* column;
     FlagBinding binding;
+    std::function<QWidget*()> make;
 };
 
 }  // namespace vantry

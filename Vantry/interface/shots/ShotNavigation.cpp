@@ -16,8 +16,7 @@ ShotNavigation::ShotNavigation(PageContext given, const Identifier& project, con
     , shotID(shot)
     , previous(new Button(Button::Kind::quiet, Glyph::chevronLeft, this))
     , position(new Button(Button::Kind::quiet, Glyph::none, this))
-    , next(new Button(Button::Kind::quiet, Glyph::none, this))
-    , chooser(new ShotChooser(store(), projectID, shotID, this)) {
+    , next(new Button(Button::Kind::quiet, Glyph::none, this)) {
     position->setTrailing(Glyph::chevronsUpDown);
     next->setTrailing(Glyph::chevronRight);
     auto* row = new QHBoxLayout(this);
@@ -30,14 +29,21 @@ ShotNavigation::ShotNavigation(PageContext given, const Identifier& project, con
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(previous, &Button::clicked, this, performing([this](bool) { goToNeighbor(-1); }));
     connect(next, &Button::clicked, this, performing([this](bool) { goToNeighbor(1); }));
-    connect(position, &Button::clicked, this, performing([this](bool) { chooser->choose(); }));
-    connect(chooser, &ShotChooser::chosen, this,
-            performing([this](const Identifier& act, const Identifier& chosen) {
-                if (!store().flush())
-                    return;
-                chooser->hide();
-                go(Route::shot(projectID, act, chosen));
-            }));
+    connect(position, &Button::clicked, this, performing([this](bool) { choose(); }));
+}
+
+void ShotNavigation::choose() {
+    if (chooser == nullptr) {
+        chooser = new ShotChooser(store(), projectID, shotID, this);
+        connect(chooser, &ShotChooser::chosen, this,
+                performing([this](const Identifier& act, const Identifier& chosen) {
+                    if (!store().flush())
+                        return;
+                    chooser->hide();
+                    go(Route::shot(projectID, act, chosen));
+                }));
+    }
+    chooser->choose();
 }
 
 void ShotNavigation::setCompact(bool compact) {
@@ -72,7 +78,8 @@ void ShotNavigation::refresh() {
     position->setPlain(place);
     position->setAccessibleName(text(u"选择分镜", u"Choose shot"));
     position->setAccessibleDescription(place);
-    chooser->refresh();
+    if (chooser != nullptr)
+        chooser->refresh();
 }
 
 }  // namespace vantry

@@ -27,12 +27,14 @@ public:
     void goToNeighbor(int step) const;
 
 private:
+    void choose();
+
     const Identifier projectID;
     const Identifier shotID;
     Button* previous;
     Button* position;
     Button* next;
-    ShotChooser* chooser;
+    ShotChooser* chooser = nullptr;  ///< once it was wanted
 };
 
 }  // namespace vantry

@@ -47,7 +47,6 @@ ShotView::ShotView(PageContext given, const Identifier& project, const Identifie
     , cancelled(new StatusPill(StatusKind::warning))
     , retained(new StatusPill(StatusKind::warning))
     , frame(new ShotFrameCard(store()))
-    , drawing(new DrawingSheet(store(), this))
     , brief(new ShotBrief([this](Text Shot::*member) { return bind(member); }))
     , schedule(new ScheduleFields(context, projectID, actID, shotID)) {
     makeHeading();
@@ -96,8 +95,7 @@ QWidget* ShotView::makeSound() {
     return sound;
 }
 
-QWidget* ShotView::makeParameters() {
-    parameters = new VantryDisclosure(Glyph::sliders);
+QWidget* ShotView::makeParameterFields() {
     parameterFields =
         new ParametersEditor(context, {[this]() -> std::optional<Parameters> {
                                            const auto shot = store().shot(projectID, actID, shotID);
@@ -106,7 +104,13 @@ QWidget* ShotView::makeParameters() {
                                        [this](std::string_view key, const Text& value) {
                                            change([&](Shot& shot) { shot.parameters.set(key, value); });
                                        }});
-    parameters->content().addWidget(parameterFields);
+    parameterFields->refresh();
+    return parameterFields;
+}
+
+QWidget* ShotView::makeParameters() {
+    parameters = new VantryDisclosure(Glyph::sliders);
+    parameters->setMaker([this] { return makeParameterFields(); });
     parameters->setBinding(
         {[this] { return parametersOpen.value(); }, [this](bool open) { parametersOpen.setValue(open); }});
     return parameters;
@@ -184,6 +188,8 @@ void ShotView::importImage() {
 
 void ShotView::draw() {
     commitComposition();
+    if (drawing == nullptr)
+        drawing = new DrawingSheet(store(), this);
     if (const auto shot = store().shot(projectID, actID, shotID))
         drawing->present(*shot, [this](const std::vector<Stroke>& strokes) {
             perform([&] { change([&](Shot& held) { held.strokes = strokes; }); });
@@ -215,7 +221,8 @@ bool ShotView::fill() {
     soundDescription->field().synchronize();
     schedule->refresh();
     parameters->synchronize();
-    parameterFields->refresh();
+    if (parameterFields != nullptr)
+        parameterFields->refresh();
     fillTakes(*shot);
     fillActions(*shot);
     return true;

@@ -41,6 +41,7 @@ private:
     [[nodiscard]] QWidget* makePlan();
     [[nodiscard]] QWidget* makeSound();
     [[nodiscard]] QWidget* makeParameters();
+    [[nodiscard]] QWidget* makeParameterFields();
     [[nodiscard]] QWidget* makeTakes();
     [[nodiscard]] QWidget* makeActions();
     [[nodiscard]] TextBinding bind(Text Shot::*member) const;
@@ -63,14 +64,14 @@ private:
     StatusPill* cancelled;
     StatusPill* retained;
     ShotFrameCard* frame;
-    DrawingSheet* drawing;
+    DrawingSheet* drawing = nullptr;  ///< once it was wanted
     ShotBrief* brief;
     Card* sound = nullptr;
     SoundPicker* mode = nullptr;
     LabeledInput* soundDescription = nullptr;
     ScheduleFields* schedule;
     VantryDisclosure* parameters = nullptr;
-    ParametersEditor* parameterFields = nullptr;
+    ParametersEditor* parameterFields = nullptr;  ///< once they were wanted
     WorkspaceSection* takesTitle = nullptr;
     QWidget* noTakes = nullptr;
     Label* noTakesText = nullptr;

@@ -69,8 +69,7 @@ QWidget* TakeView::makeNotes() {
     return ::vantry::column(Metrics::gapInline, {notes, notesHint});
 }
 
-QWidget* TakeView::makeParameters() {
-    parameters = new VantryDisclosure(Glyph::sliders);
+QWidget* TakeView::makeParameterFields() {
     parameterFields = new ParametersEditor(
         context, {[this]() -> std::optional<Parameters> {
                       const auto take = store().take(projectID, actID, shotID, takeID);
@@ -79,10 +78,16 @@ QWidget* TakeView::makeParameters() {
                   [this](std::string_view key, const Text& value) {
                       changeTake([&](VantryTake& take) { take.parameters.set(key, value); });
                   }});
-    parameters->content().addWidget(parameterFields);
+    connect(parameterFields, &ParametersEditor::finished, this, performing([this] { recordDefaults(); }));
+    parameterFields->refresh();
+    return parameterFields;
+}
+
+QWidget* TakeView::makeParameters() {
+    parameters = new VantryDisclosure(Glyph::sliders);
+    parameters->setMaker([this] { return makeParameterFields(); });
     parameters->setBinding(
         {[this] { return parametersOpen.value(); }, [this](bool open) { parametersOpen.setValue(open); }});
-    connect(parameterFields, &ParametersEditor::finished, this, performing([this] { recordDefaults(); }));
     return parameters;
 }
 
@@ -172,7 +177,8 @@ bool TakeView::fill() {
     reference->refresh(*shot, english);
     media->refresh(*take, english);
     parameters->synchronize();
-    parameterFields->refresh();
+    if (parameterFields != nullptr)
+        parameterFields->refresh();
     return true;
 }
 

@@ -36,6 +36,7 @@ private:
     void makeHeading();
     [[nodiscard]] QWidget* makeNotes();
     [[nodiscard]] QWidget* makeParameters();
+    [[nodiscard]] QWidget* makeParameterFields();
     [[nodiscard]] QWidget* makeFoot();
     [[nodiscard]] TextBinding bind(Text VantryTake::*member) const;
     void changeTake(const std::function<void(VantryTake&)>& change) const;
@@ -59,7 +60,7 @@ private:
     TakeReference* reference;
     TakeMedia* media;
     VantryDisclosure* parameters = nullptr;
-    ParametersEditor* parameterFields = nullptr;
+    ParametersEditor* parameterFields = nullptr;  ///< once they were wanted
     Button* back = nullptr;
     Button* next = nullptr;
     RecordRemoval* removal = nullptr;

@@ -147,13 +147,12 @@ TEST_F(ScheduleFieldsTest, WhatIsFarAwayIsShownAsFarAsItGoesAndKept) {
 
 TEST_F(ScheduleFieldsTest, TheCalendarOpensInItsLanguageFromMonday) {
     schedule(at(2026, 11, 21, 20, 30));
-    EXPECT_EQ(start()->calendarWidget()->firstDayOfWeek(), Qt::Monday);
-    EXPECT_EQ(start()->calendarWidget()->locale().language(), QLocale::Chinese);
+    EXPECT_EQ(start()->calendar().firstDayOfWeek(), Qt::Monday);
+    EXPECT_EQ(start()->calendar().locale().language(), QLocale::Chinese);
     store->setLanguage("en");
     settle();
-    EXPECT_EQ(
-        find<DateTimeField>(page(), QStringLiteral("Start time"))->calendarWidget()->locale().language(),
-        QLocale::English);
+    EXPECT_EQ(find<DateTimeField>(page(), QStringLiteral("Start time"))->calendar().locale().language(),
+              QLocale::English);
 }
 
 }  // namespace
