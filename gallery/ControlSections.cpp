@@ -3,6 +3,8 @@
 #include <QPainter>
 
 #include "Vantry/interface/design/Button.h"
+#include "Vantry/interface/design/DateTimeField.h"
+#include "Vantry/interface/design/DayCalendar.h"
 #include "Vantry/interface/design/Label.h"
 #include "Vantry/interface/design/LabeledInput.h"
 #include "Vantry/interface/design/MenuPainting.h"
@@ -148,6 +150,44 @@ void showSwitches(Board& board) {
     section.add(help, {"悬停提示", "hover help"});
 }
 
+void showDays(Board& board) {
+    Section& section = board.section({"日期与时间", "Day and time"});
+    // A day that is never today, which is marked.
+    const QDate day(2020, 2, 20);
+    for (const State state : {State::normal, State::focused}) {
+        auto* field = new DateTimeField(section.place());
+        field->setReading(QDateTime(day, QTime(20, 30), Qt::UTC));
+        board.say([field](bool english) { field->setEnglish(english); });
+        section.add(field, nameOf(state));
+        if (state != State::normal)
+            board.force(*field, state);
+    }
+    section.startRow();
+    auto* calendar = new DayCalendar(section.place());
+    calendar->setSelectedDate(day);
+    board.say([calendar](bool english) {
+        calendar->setLocale(QLocale(english ? QLocale::English : QLocale::Chinese));
+        calendar->setFirstDayOfWeek(Qt::Monday);
+    });
+    section.add(calendar, {"DayCalendar", "DayCalendar"});
+}
+
+void showStrip(Board& board) {
+    Section& section = board.section({"仅图标", "Signs alone"});
+    const std::pair<Phrase, Glyph> buttons[] = {{{"上一镜", "Previous shot"}, Glyph::chevronLeft},
+                                                {{"下一镜", "Next shot"}, Glyph::chevronRight}};
+    for (const auto& [text, glyph] : buttons) {
+        auto* button = new Button(Button::Kind::quiet, glyph, section.place());
+        button->setCompact(true);
+        board.say([button](const QString& said) { button->setPlain(said); }, text);
+        section.add(button, text);
+    }
+    auto* names = new ParagraphField(Metrics::namesHeight, ParagraphField::Title::caption, section.place());
+    board.say([names](const QString& said) { names->setTitle(said); }, {"相机素材名", "Camera media names"});
+    names->editor().setPlainText(QStringLiteral("A031C007_261121_RF6\nB014C005_261121_K3T"));
+    section.add(names, {"说明在上", "captioned"}, 1);
+}
+
 }  // namespace
 
 void showControls(Board& board) {
@@ -155,6 +195,8 @@ void showControls(Board& board) {
     showFields(board);
     showEditors(board);
     showSwitches(board);
+    showDays(board);
+    showStrip(board);
 }
 
 }  // namespace vantry::gallery

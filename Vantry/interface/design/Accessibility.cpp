@@ -6,6 +6,7 @@
 
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Page.h"
+#include "Vantry/interface/design/PressableSurface.h"
 #include "Vantry/interface/design/SegmentedChoice.h"
 #include "Vantry/interface/design/Sheet.h"
 #include "Vantry/interface/design/StarRating.h"
@@ -90,6 +91,24 @@ private:
     Segment* segment;
 };
 
+/// A row of a list of which one is chosen.
+class ChosenAccessible final : public PressableAccessible {
+public:
+    explicit ChosenAccessible(PressableSurface* shown)
+        : PressableAccessible(shown, QAccessible::Button, {pressAction()})
+        , row(shown) {}
+
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.selectable = true;
+        state.selected = row->isChosen().value_or(false);
+        return state;
+    }
+
+private:
+    PressableSurface* row;
+};
+
 /// A button whose menu, while it is open, is its child.
 class MenuOpenerAccessible final : public PressableAccessible {
 public:
@@ -154,6 +173,8 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
         return new DisclosureAccessible(header);
     if (auto* segment = qobject_cast<Segment*>(object))
         return new SegmentAccessible(segment);
+    if (auto* row = qobject_cast<PressableSurface*>(object); row != nullptr && row->isChosen())
+        return new ChosenAccessible(row);
     if (auto* button = qobject_cast<Pressable*>(object); button != nullptr && button->isMenuOpener())
         return new MenuOpenerAccessible(button);
     if (auto* choice = qobject_cast<SegmentedChoice*>(object))

@@ -13,6 +13,8 @@ namespace vantry {
 DateTimeField::DateTimeField(QWidget* parent)
     : QDateTimeEdit(parent) {
     setFont(VantryType::font(VantryType::Role::body));
+    // Nor does a turn of the wheel take the keyboard.
+    setFocusPolicy(Qt::StrongFocus);
     setTimeSpec(Qt::UTC);
     // The whole range of the toolkit: whatever is stored is shown as far as it can be.
     setDateTimeRange(QDateTime(QDate(100, 1, 1), QTime(0, 0), Qt::UTC),

@@ -14,6 +14,8 @@ public:
     explicit Page(QWidget* parent = nullptr);
 
     virtual void refresh() = 0;
+    /// Gives the keyboard to what is written on this page: it has come here for that.
+    virtual void beginWriting() { setFocus(Qt::OtherFocusReason); }
 };
 
 }  // namespace vantry

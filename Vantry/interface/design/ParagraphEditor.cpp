@@ -251,6 +251,7 @@ void ParagraphEditor::keepOutOfPairs() {
 
 void ParagraphEditor::focusInEvent(QFocusEvent* event) {
     QTextEdit::focusInEvent(event);
+    isKeyFromElsewhere = true;
     emit focusChanged(true);
 }
 
@@ -282,6 +283,24 @@ QVariant ParagraphEditor::inputMethodQuery(Qt::InputMethodQuery asked) const {
     QRectF place = answer.toRectF();
     place.setWidth(Metrics::caret);
     return place;
+}
+
+void ParagraphEditor::keyPressEvent(QKeyEvent* event) {
+    // A key that was pressed elsewhere and is still held writes nothing here.
+    if (!event->isAutoRepeat())
+        isKeyFromElsewhere = false;
+    else if (isKeyFromElsewhere) {
+        event->accept();
+        return;
+    }
+    if (!event->matches(QKeySequence::InsertParagraphSeparator)) {
+        QTextEdit::keyPressEvent(event);
+        return;
+    }
+    // In an empty paragraph Qt takes its form away first and begins no other.
+    textCursor().insertBlock();
+    ensureCursorVisible();
+    event->accept();
 }
 
 void ParagraphEditor::mousePressEvent(QMouseEvent* event) {

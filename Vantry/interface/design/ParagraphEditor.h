@@ -53,6 +53,7 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -79,6 +80,7 @@ private:
     bool synchronizing = false;
     bool heldBack = false;  ///< a text from outside waits for the end of a composition
     bool revealing = false;
+    bool isKeyFromElsewhere = false;  ///< no key was pressed since it has the keyboard
 };
 
 /// An editor under its title, in a frame that tells whether it has the keyboard.

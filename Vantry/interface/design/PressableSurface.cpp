@@ -9,7 +9,10 @@ namespace vantry {
 namespace {
 
 QRectF surfaceOf(const QWidget& control, PressableSurface::Shape shape) {
-    const qreal inset = shape == PressableSurface::Shape::row ? Metrics::gapCaption : 0;
+    using Shape = PressableSurface::Shape;
+    const qreal inset = shape == Shape::row        ? Metrics::gapCaption
+                        : shape == Shape::denseRow ? Metrics::gapLines
+                                                   : 0;
     return QRectF(control.rect()).adjusted(inset, inset, -inset, -inset);
 }
 
@@ -24,7 +27,7 @@ PressableSurface::PressableSurface(Shape of, QWidget* parent)
 void PressableSurface::paintSurfaceOf(QPainter& painter) const {
     const Palette& palette = Palette::of(*this);
     const QRectF surface = surfaceOf(*this, shape);
-    if (shape == Shape::row) {
+    if (shape != Shape::card) {
         VantryRowButtonStyle::paint(painter, surface, palette, state());
         return;
     }
@@ -45,7 +48,7 @@ void PressableSurface::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     if (showsFocus())
         paintFocus(painter, surfaceOf(*this, shape),
-                   shape == Shape::row ? Metrics::radiusControl : Metrics::radiusCard);
+                   shape == Shape::card ? Metrics::radiusCard : Metrics::radiusControl);
 }
 
 }  // namespace vantry

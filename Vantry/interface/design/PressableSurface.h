@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "Vantry/interface/design/Pressable.h"
 
 namespace vantry {
@@ -11,8 +13,12 @@ class PressableSurface : public Pressable {
     Q_OBJECT
 
 public:
-    /// A row lies within its list's card, a card has a surface of its own.
-    enum class Shape { row, card };
+    /// A row lies within its list's card, a dense one with less room around what marks it; a card has a
+    /// surface of its own.
+    enum class Shape { row, denseRow, card };
+
+    /// Whether it is the chosen one of its list; nothing where there is no choice.
+    [[nodiscard]] virtual std::optional<bool> isChosen() const { return std::nullopt; }
 
 protected:
     PressableSurface(Shape shape, QWidget* parent);

@@ -56,7 +56,8 @@ int StatusPill::signWidth() const {
 }
 
 QSize StatusPill::sizeHint() const {
-    return {signWidth() + vantry::lineWidth(font(), text()), VantryType::lineHeight(VantryType::Role::caption)};
+    return {signWidth() + vantry::lineWidth(font(), text()),
+            VantryType::lineHeight(VantryType::Role::caption)};
 }
 
 void StatusPill::paintEvent(QPaintEvent*) {

@@ -20,6 +20,7 @@
 #include "Vantry/interface/design/Surface.h"
 #include "Vantry/interface/design/VantryFieldStyle.h"
 #include "Vantry/interface/design/VantryTextField.h"
+#include "Vantry/interface/design/VantryToggle.h"
 #include "Vantry/interface/design/VantryType.h"
 
 namespace vantry {
@@ -103,6 +104,10 @@ void VantryStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
         paintMenuPanel(*painter, *option);
     else if (element == PE_PanelTipLabel)
         paintHelpPanel(*painter, *option);
+    // The month of a calendar opens a list without a sign of its own.
+    else if (element == PE_IndicatorArrowDown && widget != nullptr &&
+             widget->objectName() == QLatin1String("qt_calendar_monthbutton"))
+        return;
     // The views paint their rows themselves, and the panel of a menu has its frame.
     else if (element != PE_PanelItemViewRow && element != PE_FrameMenu)
         QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -215,6 +220,14 @@ QSize VantryStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
         return {pickerWidth(contents.width()), Metrics::controlHeight};
     // The same height in every script.
     return type == CT_MenuBarItem ? QSize(size.width(), Metrics::menuBarItemHeight) : size;
+}
+
+QRect VantryStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                  const QWidget* widget) const {
+    // A switch is pressed as a whole, and tools are told so.
+    if (element == SE_CheckBoxClickRect && qobject_cast<const VantryToggle*>(widget) != nullptr)
+        return option->rect;
+    return QProxyStyle::subElementRect(element, option, widget);
 }
 
 QRect VantryStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,

@@ -9,8 +9,8 @@
 
 namespace vantry {
 
-/// Keeps the second press of a double click from a page that the first one led to: it was not meant for what has
-/// come to stand under the pointer.
+/// Keeps the second press of a double click from a page that the first one led to: it was not meant for what
+/// has come to stand under the pointer.
 class DoubledClickGuard final : public QObject {
     Q_OBJECT
 

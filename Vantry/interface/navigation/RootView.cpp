@@ -42,7 +42,8 @@ namespace vantry {
 RootView::RootView(VantryStore& opened, AppDelegate& guard)
     : store(opened)
     , delegate(guard)
-    , context{store, [this](const Route& route) { go(route); }, [this] { refreshSoon(); }}
+    , context{store, [this](const Route& route) { go(route); }, [this] { refreshSoon(); },
+              [this](const Route& route) { goWriting(route); }}
     , pageMemory(std::make_shared<PageMemory>())
     , places([this](const Route& route) { pageMemory->active = route; }) {
     pageMemory->onChange([this] { refreshSoon(); });
@@ -140,7 +141,12 @@ Page* RootView::makePage(const Route& route) {
 
 void RootView::showPage() {
     Page* const old = page;
-    const bool hadFocus = old != nullptr && old->isAncestorOf(focusWidget());
+    QWidget* const focused = focusWidget();
+    const bool onCrumb = focused != nullptr && crumbBar->isAncestorOf(focused);
+    const bool hadFocus = onCrumb || (old != nullptr && old->isAncestorOf(focused));
+    // The crumb of the place that is reached goes off, and would pass the keyboard on to whatever comes next.
+    if (onCrumb)
+        focused->clearFocus();
     page = makePage(places.route());
     new PageEnvironment(*page, pageMemory, places.route());
     pagePlace->addWidget(page);
@@ -169,6 +175,12 @@ void RootView::go(const Route& route) {
         if (places.go(route, [this] { return flush(); }))
             showPage();
     });
+}
+
+void RootView::goWriting(const Route& route) {
+    go(route);
+    if (places.route() == route && page != nullptr)
+        page->beginWriting();
 }
 
 void RootView::goBack() {

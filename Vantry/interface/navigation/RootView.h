@@ -54,6 +54,7 @@ private:
     [[nodiscard]] QWidget* makeDetail();
     [[nodiscard]] Page* makePage(const Route& route);
     void showPage();
+    void goWriting(const Route& route);
     void refreshSoon();
     void createProject();
     /// Runs what the person asked for; nothing that it throws gets further.

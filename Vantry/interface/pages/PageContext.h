@@ -13,6 +13,8 @@ struct PageContext {
     VantryStore& store;
     std::function<void(const Route&)> go;  ///< the only way to another place
     std::function<void()> refreshSoon;     ///< brings all that is visible in line once this event is done
+    std::function<void(const Route&)>
+        goWriting{};  ///< to another place, with the keyboard where one writes there
 };
 
 }  // namespace vantry

@@ -120,14 +120,17 @@ void ActView::move(const QByteArray& key, const QByteArray& before) const {
     const auto moved = recordOf(key);
     if (!act || !moved || act->shots.empty())
         return;
+    const auto target = recordOf(before);
+    const Identifier last = act->shots.back()->id;
     store().markCheckpoint();
-    if (const auto target = recordOf(before)) {
+    if (target)
         store().moveShotBefore(projectID, actID, *moved, *target);
-        return;
-    }
-    // Behind the last: in front of it, and then past it.
-    store().moveShotBefore(projectID, actID, *moved, act->shots.back()->id);
-    store().moveShot(projectID, actID, *moved, 1);
+    else
+        // Behind the last: in front of it, and then past it, as one change.
+        store().updateAct(projectID, actID, [&](Act& record) {
+            record.moveShotBefore(*moved, last);
+            record.moveShot(*moved, 1);
+        });
 }
 
 void ActView::showMenu(const Identifier& shotID, QWidget& opener) {

@@ -1,6 +1,7 @@
 #include "Vantry/interface/shots/ScheduleFields.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QDateTime>
 #include <QHBoxLayout>
@@ -74,14 +75,18 @@ ScheduleFields::ScheduleFields(PageContext given, const Identifier& project, con
     row->setSpacing(Metrics::gapSection);
     row->addWidget(switching, 0, Qt::AlignBottom);
     row->addWidget(makeFields());
+    wrong = new Label(VantryType::Role::caption, &Palette::danger, Label::Length::wrapped);
+    row->addWidget(wrong, 1, Qt::AlignBottom);
     row->addStretch();
     card->content().addLayout(row);
-    wrong = new Label(VantryType::Role::caption, &Palette::danger, Label::Length::wrapped);
-    card->content().addWidget(wrong);
     connect(toggle, &VantryToggle::clicked, this, performing([this](bool on) { turn(on); }));
     connect(start, &DateTimeField::edited, this,
             performing([this](const QDateTime& reading) { setStart(reading); }));
     // Not textEdited alone: dictation and other assistive tools set the text without any key.
+    connect(duration, &VantryTextField::editingFinished, this, [this] {
+        if (!isWrong && shownMinutes)
+            settledMinutes = *shownMinutes;
+    });
     connect(duration, &VantryTextField::textChanged, this, performing([this](const QString& typed) {
                 if (!filling)
                     typeDuration(typed);
@@ -97,7 +102,10 @@ QWidget* ScheduleFields::makeFields() {
     duration->setFixedWidth(Metrics::durationFieldWidth);
     fields = row(Metrics::gapSection, {column(Metrics::gapCaption, {startTitle, start}),
                                        column(Metrics::gapCaption, {durationTitle, duration})});
-    fields->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    // The switch stays where it is.
+    policy.setRetainSizeWhenHidden(true);
+    fields->setSizePolicy(policy);
     return fields;
 }
 
@@ -109,9 +117,9 @@ void ScheduleFields::turn(bool scheduled) {
     const Moment now = ShootSchedule::normalizedToMinute(store().now(), machineCalendar());
     change([&](Shot& shot) {
         if (!scheduled)
-            shot.scheduledAt.reset();
+            lastStart = std::exchange(shot.scheduledAt, std::nullopt);
         else if (!shot.scheduledAt)
-            shot.scheduledAt = now;
+            shot.scheduledAt = lastStart.value_or(now);
     });
 }
 
@@ -130,10 +138,13 @@ void ScheduleFields::typeDuration(const QString& typed) {
     const auto minutes = ShootSchedule::typedMinutes(typed.toStdString());
     isWrong = !minutes || !ShootSchedule::isDuration(*minutes);
     wrong->setVisible(isWrong);
-    if (isWrong)
-        return;
-    shownMinutes = *minutes;
-    change([&](Shot& shot) { shot.durationMinutes = *minutes; });
+    // What was stored on the way to a wrong entry was none that the person meant.
+    storeDuration(isWrong ? settledMinutes : *minutes);
+}
+
+void ScheduleFields::storeDuration(std::int64_t minutes) {
+    shownMinutes = minutes;
+    change([&](Shot& shot) { shot.durationMinutes = minutes; });
 }
 
 void ScheduleFields::fillDuration(const Shot* shot) {
@@ -142,6 +153,7 @@ void ScheduleFields::fillDuration(const Shot* shot) {
     if (shownMinutes == stored)
         return;
     shownMinutes = stored;
+    settledMinutes = stored;
     isWrong = false;
     const QScopedValueRollback guard(filling, true);
     duration->setText(QString::number(stored));
@@ -153,6 +165,7 @@ void ScheduleFields::refresh() {
     card->setTitle(text(u"拍摄安排", u"Shoot schedule"),
                    text(u"设置日期与时间后，会自动显示在日历。",
                         u"Set a date and time to show this shot in the calendar."));
+    setAccessibleName(text(u"拍摄安排", u"Shoot schedule"));
     toggleTitle->setPlain(text(u"安排拍摄", u"Schedule a shot"));
     toggle->setName(text(u"安排拍摄", u"Schedule a shot"));
     toggle->setAccessibleDescription(text(u"设置日期与时间后，会自动显示在日历。",

@@ -35,6 +35,7 @@ private:
     void turn(bool scheduled);
     void setStart(const QDateTime& reading);
     void typeDuration(const QString& typed);
+    void storeDuration(std::int64_t minutes);
     void fillDuration(const Shot* shot);
     void change(const std::function<void(Shot&)>& change) const;
 
@@ -50,7 +51,9 @@ private:
     Label* durationTitle = nullptr;
     VantryTextField* duration = nullptr;
     Label* wrong = nullptr;
-    std::optional<std::int64_t> shownMinutes;  ///< the stored duration as it was last shown
+    std::optional<std::int64_t> shownMinutes;  ///< the stored duration as it was last shown or written
+    std::int64_t settledMinutes = 0;           ///< the one before the person began to type
+    std::optional<Moment> lastStart;           ///< of the plan that was taken off
     bool isWrong = false;
     bool filling = false;
 };

@@ -70,8 +70,9 @@ private:
 /// A caption that stands beside the first line of an editor.
 QWidget* besideFirstLine(QWidget* caption) {
     QWidget* const holder = column(0, {caption});
-    const int lower = VantryType::paragraphLineHeight() - VantryType::lineHeight(VantryType::Role::caption);
-    holder->layout()->setContentsMargins(0, Metrics::paddingEditor + lower, 0, 0);
+    const int lower =
+        VantryType::lineHeight(VantryType::Role::body) - VantryType::lineHeight(VantryType::Role::caption);
+    holder->layout()->setContentsMargins(0, Metrics::paddingEditor + lower / 2, 0, 0);
     return holder;
 }
 

@@ -73,7 +73,7 @@ QWidget* ShotChooser::makeRow(const QByteArray& key, QWidget* holder) {
     auto* row = new ShotChooserRow(holder);
     connect(row, &ShotChooserRow::clicked, this, [this, key] {
         if (const auto id = recordOf(key); id && rows.contains(key))
-            emit chosen(rows[key].act, *id);
+            emit chosen(Identifier(rows[key].act), *id);
     });
     return row;
 }
@@ -145,7 +145,7 @@ void ShotChooser::keyPressEvent(QKeyEvent* event) {
         const bool searches = !query->text().trimmed().isEmpty();
         if (searches && !keys.isEmpty() && !event->isAutoRepeat())
             if (const auto id = recordOf(keys.constFirst()))
-                emit chosen(rows[keys.constFirst()].act, *id);
+                emit chosen(Identifier(rows[keys.constFirst()].act), *id);
         return;
     }
     WorkSheet::keyPressEvent(event);

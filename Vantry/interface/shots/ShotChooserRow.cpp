@@ -8,7 +8,7 @@
 namespace vantry {
 
 ShotChooserRow::ShotChooserRow(QWidget* parent)
-    : PressableSurface(Shape::row, parent) {}
+    : PressableSurface(Shape::denseRow, parent) {}
 
 void ShotChooserRow::setContent(const Content& wanted) {
     if (content == wanted)
@@ -34,7 +34,7 @@ void ShotChooserRow::paintContent(QPainter& painter) const {
     }
     if (!content.state.isEmpty()) {
         const int stateWidth = lineWidth(caption, content.state);
-        right -= stateWidth;
+        right -= stateWidth + (content.current ? Metrics::gapField : 0);
         paintLine(painter, {right, (height() - actHeight) / 2, stateWidth, actHeight}, caption, palette.muted,
                   content.state);
     }

@@ -21,7 +21,7 @@ public:
     explicit ShotChooserRow(QWidget* parent = nullptr);
 
     void setContent(const Content& content);
-    [[nodiscard]] bool isCurrent() const noexcept { return content.current; }
+    [[nodiscard]] std::optional<bool> isChosen() const override { return content.current; }
 
 protected:
     void paintContent(QPainter& painter) const override;

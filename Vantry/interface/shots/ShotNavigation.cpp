@@ -69,6 +69,7 @@ void ShotNavigation::refresh() {
     if (!project)
         return;
     const ShotOrder order(*project);
+    setAccessibleName(text(u"切换分镜", u"Switch shot"));
     previous->setPlain(text(u"上一镜", u"Previous shot"));
     next->setPlain(text(u"下一镜", u"Next shot"));
     previous->setEnabled(order.neighbor(shotID, -1).has_value());

@@ -66,8 +66,9 @@ ShotView::ShotView(PageContext given, const Identifier& project, const Identifie
 
 void ShotView::makeHeading() {
     heading->actions().addWidget(navigation);
-    newTake =
-        makeNewTakeButton(*heading, performing([this] { startNewTake(context, projectID, actID, shotID); }));
+    newTake = makeNewTakeButton(*heading, performing([this](AfterNewTake keyboard) {
+        startNewTake(context, projectID, actID, shotID, keyboard);
+    }));
     connect(heading, &WorkspaceHeading::narrowChanged, navigation, &ShotNavigation::setCompact);
 }
 

@@ -57,8 +57,12 @@ TakeView::TakeView(PageContext given, const Identifier& project, const Identifie
 
 void TakeView::makeHeading() {
     heading->actions().addWidget(navigation);
-    newTake =
-        makeNewTakeButton(*heading, performing([this] { startNewTake(context, projectID, actID, shotID); }));
+    newTake = makeNewTakeButton(*heading, performing([this](AfterNewTake keyboard) {
+        // The next take begins with what is being entered here.
+        if (parameterFields != nullptr && parameterFields->isAncestorOf(focusWidget()))
+            recordDefaults();
+        startNewTake(context, projectID, actID, shotID, keyboard);
+    }));
     connect(heading, &WorkspaceHeading::narrowChanged, navigation, &ShotNavigation::setCompact);
 }
 
@@ -146,6 +150,10 @@ void TakeView::changeTake(const std::function<void(VantryTake&)>& change) const 
 void TakeView::recordDefaults() const {
     if (const auto take = store().take(projectID, actID, shotID, takeID))
         store().recordDefaults(projectID, take->parameters);
+}
+
+void TakeView::beginWriting() {
+    notes->editor().setFocus(Qt::OtherFocusReason);
 }
 
 void TakeView::resizeEvent(QResizeEvent* event) {

@@ -28,6 +28,8 @@ public:
     TakeView(PageContext context, const Identifier& projectID, const Identifier& actID,
              const Identifier& shotID, const Identifier& takeID, QWidget* parent = nullptr);
 
+    void beginWriting() override;
+
 protected:
     bool fill() override;
     void resizeEvent(QResizeEvent* event) override;

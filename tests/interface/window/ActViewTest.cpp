@@ -188,6 +188,18 @@ TEST_F(ActViewTest, DroppedOnTheLowerHalfOfTheLastItGoesBehind) {
     EXPECT_EQ(order(), (std::vector{shots[1], shots[2], shots[0], shots[3]}));
 }
 
+TEST_F(ActViewTest, TheOneBeforeTheLastGoesBehindItAsAChangeOfItsOwn) {
+    store->markCheckpoint();
+    store->updateShot(project, act, shots[3],
+                      [](Shot& record) { record.imageKey = Text(std::string(64, 'a')); });
+    drag(2, 3, Metrics::shotRowHeight - 5);
+    release(2);
+    EXPECT_EQ(order(), (std::vector{shots[0], shots[1], shots[3], shots[2]}));
+    click(QStringLiteral("撤销结构修改"));
+    EXPECT_EQ(order(), shots);
+    EXPECT_TRUE(store->shot(project, act, shots[3])->imageKey) << "and nothing else";
+}
+
 TEST_F(ActViewTest, ADragThatLeadsNowhereChangesNothing) {
     const bool couldUndo = store->canUndo();
     drag(1, 1, 60);

@@ -131,5 +131,63 @@ TEST_F(NewTakeTest, ACancelledShotOffersNone) {
     EXPECT_EQ(route(), takeRoute());
 }
 
+TEST_F(NewTakeTest, TheKeyboardIsInTheNotesOfTheTakeThatTheShortcutMade) {
+    go(takeRoute());
+    notes().setFocus();
+    press(Qt::Key_Return, Qt::ControlModifier);
+    ASSERT_EQ(takes(), 2U);
+    EXPECT_TRUE(notes().hasFocus());
+    // Control is let go a little before Return.
+    press(Qt::Key_Return, Qt::NoModifier, true);
+    press(Qt::Key_Return, Qt::NoModifier, true);
+    QTest::keyClicks(&notes(), QStringLiteral("typed at once"));
+    settle();
+    EXPECT_EQ(shotRecord().takes[1]->notes, Text("typed at once"));
+    EXPECT_TRUE(shotRecord().takes[0]->notes.empty());
+}
+
+TEST_F(NewTakeTest, AClickLeadsToTheNotesAndAKeyOnTheButtonDoesNot) {
+    go(shotRoute());
+    click(QStringLiteral("新 Take · ⌘ Return"));
+    ASSERT_EQ(takes(), 2U);
+    EXPECT_TRUE(notes().hasFocus());
+    clock.advance(1000);
+    auto& button = get<QAbstractButton>(QStringLiteral("新 Take · ⌘ Return"));
+    button.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&button, Qt::Key_Space);
+    settle();
+    ASSERT_EQ(takes(), 3U);
+    EXPECT_FALSE(notes().hasFocus()) << "the key may still be held";
+}
+
+TEST_F(NewTakeTest, WhatIsEnteredInATakeReachesTheNextOne) {
+    go(takeRoute());
+    clickOnPage(QStringLiteral("相机、镜头、录制与监视"));
+    auto& iso = get<QLineEdit>(QStringLiteral("ISO"), &page());
+    iso.setFocus();
+    QTest::keyClicks(&iso, QStringLiteral("800"));
+    press(Qt::Key_Return, Qt::ControlModifier);
+    ASSERT_EQ(takes(), 2U);
+    EXPECT_EQ(shotRecord().takes[1]->parameters["iso"], Text("800"));
+    EXPECT_EQ(store->project(project)->defaults["iso"], Text("800"));
+}
+
+TEST_F(NewTakeTest, AFieldThatIsLeftTeachesTheProduction) {
+    go(takeRoute());
+    clickOnPage(QStringLiteral("相机、镜头、录制与监视"));
+    auto& iso = get<QLineEdit>(QStringLiteral("ISO"), &page());
+    iso.setFocus();
+    QTest::keyClicks(&iso, QStringLiteral("400"));
+    EXPECT_EQ(store->project(project)->defaults["iso"], Text());
+    QTest::keyClick(&iso, Qt::Key_Tab);
+    EXPECT_EQ(store->project(project)->defaults["iso"], Text("400"));
+    iso.setFocus();
+    iso.selectAll();
+    QTest::keyClicks(&iso, QStringLiteral("1600"));
+    QTest::keyClick(&iso, Qt::Key_Tab);
+    EXPECT_EQ(store->project(project)->defaults["iso"], Text("400")) << "only what was unset";
+    EXPECT_EQ(takeRecord().parameters["iso"], Text("1600"));
+}
+
 }  // namespace
 }  // namespace vantry::test

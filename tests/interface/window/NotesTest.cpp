@@ -1,5 +1,7 @@
 // Writing on the pages: what is typed reaches the record, what is only looked at stays as it is stored.
 
+#include <QTextBlock>
+
 #include "tests/interface/window/WindowFixture.h"
 
 namespace vantry::test {
@@ -232,6 +234,39 @@ TEST_F(NotesTest, TextsThatDifferInFormAloneAreNotWrittenBack) {
     QTest::keyClick(&notes(), Qt::Key_End, Qt::ControlModifier);
     QTest::keyClicks(&notes(), QStringLiteral("!"));
     EXPECT_EQ(takeRecord().notes.utf8().substr(takeRecord().notes.utf8().size() - 7), "\r\nzwei!");
+}
+
+TEST_F(NotesTest, EveryReturnBeginsAParagraph) {
+    const auto type = [this](const char* keys) {
+        for (const char key : std::string_view(keys))
+            if (key == '\n')
+                QTest::keyClick(&notes(), Qt::Key_Return);
+            else
+                QTest::keyClick(&notes(), key);
+        settle();
+    };
+    go(takeRoute());
+    notes().setFocus();
+    type("\n\n\n\n\na");
+    EXPECT_EQ(takeRecord().notes, Text("\n\n\n\n\na"));
+    type("\n\nb\n\n\nc");
+    EXPECT_EQ(takeRecord().notes, Text("\n\n\n\n\na\n\nb\n\n\nc"));
+    for (QTextBlock block = notes().document()->begin(); block.isValid(); block = block.next())
+        EXPECT_EQ(block.blockFormat().lineHeightType(), QTextBlockFormat::FixedHeight);
+    QTest::keyClick(&notes(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_NE(takeRecord().notes, Text("\n\n\n\n\na\n\nb\n\n\nc")) << "its own undo knows them";
+}
+
+TEST_F(NotesTest, AKeyThatIsHeldFromElsewhereWritesNothing) {
+    go(takeRoute());
+    get<QAbstractButton>(QStringLiteral("返回镜头")).setFocus();
+    notes().setFocus();
+    press(Qt::Key_Return, Qt::NoModifier, true);
+    QTest::simulateEvent(&notes(), true, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "), true);
+    EXPECT_TRUE(notes().toPlainText().isEmpty());
+    QTest::keyClick(&notes(), Qt::Key_A);
+    press(Qt::Key_Return, Qt::NoModifier, true);
+    EXPECT_EQ(notes().toPlainText(), QStringLiteral("a\n")) << "a key of its own repeats";
 }
 
 }  // namespace

@@ -197,5 +197,16 @@ TEST_F(PlacesTest, GoingWhereOneIsNeitherSavesNorMoves) {
     EXPECT_EQ(&page(), shown);
 }
 
+TEST_F(PlacesTest, AfterACrumbTheKeyboardIsOnThePage) {
+    makeTake();
+    go(takeRoute());
+    click(QStringLiteral("第 1 幕"),
+          find<QAbstractButton>(*window, QStringLiteral("第 1 幕"))->parentWidget());
+    EXPECT_EQ(route(), Route::act(project, act));
+    QWidget* const focused = QApplication::focusWidget();
+    EXPECT_TRUE(focused == &page() || page().isAncestorOf(focused))
+        << (focused != nullptr ? focused->accessibleName().toStdString() : "nowhere");
+}
+
 }  // namespace
 }  // namespace vantry::test

@@ -91,34 +91,55 @@ TEST_F(ScheduleFieldsTest, TheStartIsShownAndWrittenInWholeMinutes) {
     EXPECT_EQ(shotRecord().scheduledAt, at(2026, 11, 21, 21, 30));
 }
 
-TEST_F(ScheduleFieldsTest, ATurnOfTheWheelChangesNothing) {
+TEST_F(ScheduleFieldsTest, ATurnOfTheWheelChangesNothingAndTakesNoKeyboard) {
     schedule(at(2026, 11, 21, 20, 30));
+    EXPECT_EQ(start()->focusPolicy(), Qt::StrongFocus) << "not by the wheel";
     start()->setFocus();
     QWheelEvent turn(QPointF(20, 20), start()->mapToGlobal(QPointF(20, 20)), {}, {0, 120}, {}, {},
                      Qt::NoScrollPhase, false);
     QApplication::sendEvent(start(), &turn);
+    settle();
     EXPECT_EQ(shotRecord().scheduledAt, at(2026, 11, 21, 20, 30));
 }
 
+TEST_F(ScheduleFieldsTest, APlanThatWasTakenOffComesBackWithItsStart) {
+    schedule(at(2026, 11, 25, 21, 8));
+    const int place = toggle().mapTo(&page(), QPoint()).y();
+    toggle().click();
+    settle();
+    EXPECT_FALSE(shotRecord().scheduledAt);
+    EXPECT_EQ(toggle().mapTo(&page(), QPoint()).y(), place) << "the switch stays where it is";
+    toggle().click();
+    settle();
+    EXPECT_EQ(shotRecord().scheduledAt, at(2026, 11, 25, 21, 8));
+}
+
 TEST_F(ScheduleFieldsTest, ADurationIsStoredWhenItCanBe) {
-    schedule(at(2026, 11, 21, 20, 30));
     const struct {
         const char* typed;
         std::int64_t stored;
         bool isWrong;
-    } cases[] = {{"90", 90, false},          {"0", 90, true},     {"10081", 1008, true},
-                 {"10080", 10080, false},    {" 12 ", 12, false}, {"word", 12, true},
-                 {"-5", 12, true},           {"1", 1, false},     {"1.5", 1, true},
-                 {"99999999999", 9999, true}};
+    } cases[] = {{"90", 90, false},   {"0", 45, true},    {"10081", 45, true},      {"10080", 10080, false},
+                 {" 12 ", 12, false}, {"word", 45, true}, {"-5", 45, true},         {"1", 1, false},
+                 {"1.5", 45, true},   {"", 45, true},     {"99999999999", 45, true}};
     for (const auto& entry : cases) {
+        schedule(at(2026, 11, 21, 20, 30), 44);
+        schedule(at(2026, 11, 21, 20, 30), 45);
         duration().clear();
-        settle();
-        EXPECT_TRUE(shows(wrong)) << "an empty one is none";
         type(QString::fromUtf8(entry.typed));
         EXPECT_EQ(shows(wrong), entry.isWrong) << entry.typed;
         EXPECT_EQ(duration().text(), QString::fromUtf8(entry.typed)) << "what was typed stays";
         EXPECT_EQ(shotRecord().durationMinutes, entry.stored) << entry.typed;
     }
+}
+
+TEST_F(ScheduleFieldsTest, AWrongEntryLeavesTheDurationThatWasEnteredBefore) {
+    schedule(at(2026, 11, 21, 20, 30), 45);
+    type(QStringLiteral("60"));
+    press(Qt::Key_Return);
+    type(QStringLiteral("10081"));
+    EXPECT_EQ(shotRecord().durationMinutes, 60);
+    EXPECT_TRUE(shows(wrong));
 }
 
 TEST_F(ScheduleFieldsTest, AWrongDurationStaysInSightUntilAnotherComes) {

@@ -158,6 +158,17 @@ TEST_F(ShotNavigationTest, TheChooserListsAllWithTheirActs) {
     EXPECT_EQ(topmost<ShotChooser>(), nullptr);
 }
 
+TEST_F(ShotNavigationTest, TheChooserTellsWhichShotIsOnThePage) {
+    go(routeOf(1));
+    ShotChooser& sheet = choose();
+    const auto selected = [&](const char* row) {
+        auto& button = get<QAbstractButton>(QString::fromUtf8(row), &sheet);
+        return bool(QAccessible::queryAccessibleInterface(&button)->state().selected);
+    };
+    EXPECT_TRUE(selected("02 未命名镜头"));
+    EXPECT_FALSE(selected("03 未命名镜头"));
+}
+
 TEST_F(ShotNavigationTest, TheChooserFindsWhatIsTypedAndForgetsIt) {
     store->updateShot(project, act, shots[2], [](Shot& record) { record.title = "Window Turn"; });
     go(shotRoute());
