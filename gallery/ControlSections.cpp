@@ -154,13 +154,12 @@ void showDays(Board& board) {
     Section& section = board.section({"日期与时间", "Day and time"});
     // A day that is never today, which is marked.
     const QDate day(2020, 2, 20);
-    for (const State state : {State::normal, State::focused}) {
+    for (const bool enabled : {true, false}) {
         auto* field = new DateTimeField(section.place());
         field->setReading(QDateTime(day, QTime(20, 30), Qt::UTC));
+        field->setEnabled(enabled);
         board.say([field](bool english) { field->setEnglish(english); });
-        section.add(field, nameOf(state));
-        if (state != State::normal)
-            board.force(*field, state);
+        section.add(field, nameOf(enabled ? State::normal : State::disabled));
     }
     section.startRow();
     auto* calendar = new DayCalendar(section.place());

@@ -5,6 +5,7 @@
 #include <QWheelEvent>
 
 #include "Vantry/interface/design/DayCalendar.h"
+#include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/VantryFieldStyle.h"
 #include "Vantry/interface/design/VantryType.h"
 
@@ -49,6 +50,10 @@ QCalendarWidget& DateTimeField::calendar() {
     shown.setLocale(locale());
     shown.setFirstDayOfWeek(Qt::Monday);
     return shown;
+}
+
+QSize DateTimeField::sizeHint() const {
+    return {Metrics::startFieldWidth, Metrics::controlHeight};
 }
 
 void DateTimeField::mousePressEvent(QMouseEvent* event) {

@@ -20,6 +20,10 @@ public:
     /// The calendar that it opens; made when it is wanted first.
     QCalendarWidget& calendar();
 
+    /// Wide enough for every day in both languages.
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
 signals:
     /// The person changed it.
     void edited(const QDateTime& reading);

@@ -96,7 +96,6 @@ ScheduleFields::ScheduleFields(PageContext given, const Identifier& project, con
 QWidget* ScheduleFields::makeFields() {
     startTitle = new Label(VantryType::Role::caption, &Palette::muted);
     start = new DateTimeField;
-    start->setFixedWidth(Metrics::startFieldWidth);
     durationTitle = new Label(VantryType::Role::caption, &Palette::muted);
     duration = new VantryTextField;
     duration->setFixedWidth(Metrics::durationFieldWidth);

@@ -57,9 +57,9 @@ private:
     Button* close;
     VantryTextField* query;
     Label* note;
-    EmptyViewCard* nothing;
-    ListCard* list;
-    QScrollArea* area;
+    EmptyViewCard* nothing = nullptr;
+    ListCard* list = nullptr;
+    QScrollArea* area = nullptr;
     QHash<QByteArray, Row> rows;
     QList<QByteArray> keys;
 };

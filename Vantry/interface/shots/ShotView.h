@@ -60,7 +60,7 @@ private:
     PageFlag parametersOpen;
     WorkspaceHeading* heading;
     ShotNavigation* navigation;
-    Button* newTake;
+    Button* newTake = nullptr;
     StatusPill* cancelled;
     StatusPill* retained;
     ShotFrameCard* frame;
