@@ -1,6 +1,7 @@
 #include "Vantry/interface/design/PressableSurface.h"
 
 #include <QPainter>
+#include <QPainterPath>
 
 #include "Vantry/interface/design/Surface.h"
 #include "Vantry/interface/design/VantryMotion.h"
@@ -27,6 +28,13 @@ PressableSurface::PressableSurface(Shape of, QWidget* parent)
 void PressableSurface::paintSurfaceOf(QPainter& painter) const {
     const Palette& palette = Palette::of(*this);
     const QRectF surface = surfaceOf(*this, shape);
+    if (shape == Shape::denseRow && parentWidget() != nullptr) {
+        // What marks the first and the last of a list lies within the round corners of its card.
+        QPainterPath list;
+        list.addRoundedRect(QRectF(parentWidget()->rect()).translated(-pos()), Metrics::radiusCard,
+                            Metrics::radiusCard);
+        painter.setClipPath(list, Qt::IntersectClip);
+    }
     if (shape != Shape::card) {
         VantryRowButtonStyle::paint(painter, surface, palette, state());
         return;

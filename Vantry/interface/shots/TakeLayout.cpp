@@ -7,7 +7,7 @@
 namespace vantry {
 namespace {
 
-enum Part { result, notes, reference, media, parameters, foot, partCount };
+enum Part { reference, result, notes, media, parameters, foot, partCount };
 
 }  // namespace
 

@@ -4,7 +4,7 @@
 
 namespace vantry {
 
-/// The log of a take, in the order of the keyboard: result bar, notes, reference, media, parameters, foot.
+/// The log of a take, in the order of the keyboard: reference, result bar, notes, media, parameters, foot.
 /// Where the page is wide, reference and media stand in a column at the right. Where it is narrow, the
 /// reference stands at the left of the result bar and everything else below. It lays out exactly six parts.
 class TakeLayout final : public PartsLayout {

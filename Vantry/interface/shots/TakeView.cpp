@@ -42,7 +42,7 @@ TakeView::TakeView(PageContext given, const Identifier& project, const Identifie
     auto* desk = new QWidget;
     auto* parts = new TakeLayout(desk);
     for (QWidget* part :
-         std::initializer_list<QWidget*>{result, makeNotes(), reference, media, makeParameters(), makeFoot()})
+         std::initializer_list<QWidget*>{reference, result, makeNotes(), media, makeParameters(), makeFoot()})
         parts->addWidget(part);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);

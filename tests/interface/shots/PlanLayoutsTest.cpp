@@ -65,13 +65,13 @@ TEST(ShotPlanLayout, IsNothingForAnotherNumberOfParts) {
 TEST(TakeLayout, HasReferenceAndMediaAtTheSideWhereThereIsRoom) {
     QWidget holder;
     auto* layout = new TakeLayout(&holder);
-    // Result, notes, reference, media, parameters, foot.
-    const auto parts = addBlocks(*layout, {88, 300, 220, 330, 56, 44});
+    // Reference, result, notes, media, parameters, foot.
+    const auto parts = addBlocks(*layout, {220, 88, 300, 330, 56, 44});
     show(holder, 1082);
     const int main = 1082 - Metrics::sideWidth - Metrics::gapSection;
-    EXPECT_EQ(parts[0]->geometry(), QRect(0, 0, main, 88));
-    EXPECT_EQ(parts[1]->geometry(), QRect(0, 108, main, 300));
-    EXPECT_EQ(parts[2]->geometry(), QRect(main + 24, 0, 336, 220));
+    EXPECT_EQ(parts[1]->geometry(), QRect(0, 0, main, 88));
+    EXPECT_EQ(parts[2]->geometry(), QRect(0, 108, main, 300));
+    EXPECT_EQ(parts[0]->geometry(), QRect(main + 24, 0, 336, 220));
     EXPECT_EQ(parts[3]->geometry(), QRect(main + 24, 240, 336, 330));
     EXPECT_EQ(parts[4]->geometry(), QRect(0, 428, main, 56));
     EXPECT_EQ(parts[5]->geometry(), QRect(0, 504, main, 44));
@@ -81,11 +81,11 @@ TEST(TakeLayout, HasReferenceAndMediaAtTheSideWhereThereIsRoom) {
 TEST(TakeLayout, HasTheReferenceBesideTheResultWhereThereIsNot) {
     QWidget holder;
     auto* layout = new TakeLayout(&holder);
-    const auto parts = addBlocks(*layout, {180, 206, 189, 330, 56, 44});
+    const auto parts = addBlocks(*layout, {189, 180, 206, 330, 56, 44});
     show(holder, 702);
-    EXPECT_EQ(parts[2]->geometry(), QRect(0, 0, 236, 189));
-    EXPECT_EQ(parts[0]->geometry(), QRect(252, 0, 450, 180));
-    EXPECT_EQ(parts[1]->geometry(), QRect(0, 209, 702, 206));
+    EXPECT_EQ(parts[0]->geometry(), QRect(0, 0, 236, 189));
+    EXPECT_EQ(parts[1]->geometry(), QRect(252, 0, 450, 180));
+    EXPECT_EQ(parts[2]->geometry(), QRect(0, 209, 702, 206));
     EXPECT_EQ(parts[3]->geometry(), QRect(0, 435, 702, 330));
     EXPECT_EQ(parts[4]->geometry(), QRect(0, 785, 702, 56));
     EXPECT_EQ(parts[5]->geometry(), QRect(0, 861, 702, 44));

@@ -272,8 +272,8 @@ TEST_F(PagesTest, TheKeyboardReachesEveryControlOfTheTakeInOrder) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
     EXPECT_EQ(reached,
-              (QStringList{"新 Take · ⌘ Return", "待定", "1 星", "2 星", "3 星", "4 星", "5 星",
-                           "现场笔记 · 自由输入", "放大分镜图片 · 01", "查看分镜计划", "同期声", "相机素材名",
+              (QStringList{"新 Take · ⌘ Return", "放大分镜图片 · 01", "查看分镜计划", "待定", "1 星", "2 星",
+                           "3 星", "4 星", "5 星", "现场笔记 · 自由输入", "同期声", "相机素材名",
                            "Mixer 素材名", "相机、镜头、录制与监视", "返回镜头", "删除本条…"}));
 }
 

@@ -267,16 +267,26 @@ TEST_F(WindowTest, TheKeyboardWalksFromTheSidebarThroughTheBarsToThePage) {
             QAccessible::queryAccessibleInterface(QApplication::focusWidget())->text(QAccessible::Name));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
-    EXPECT_EQ(reached, (QStringList{"资料库",       "搜索",
-                                    "日历",         "设置",
-                                    "全部展开",     "收起",
-                                    "目录",         "新建项目",
-                                    "返回",         "资料库",
-                                    "撤销结构修改", "保存",
-                                    "资料库",       "候车室",
-                                    "第 1 幕",      toQString(shotRecord().code) + " 未命名镜头",
-                                    "选择分镜",     "新 Take · ⌘ Return",
-                                    "待定",         "1 星"}));
+    EXPECT_EQ(reached, (QStringList{"资料库",
+                                    "搜索",
+                                    "日历",
+                                    "设置",
+                                    "全部展开",
+                                    "收起",
+                                    "目录",
+                                    "新建项目",
+                                    "返回",
+                                    "资料库",
+                                    "撤销结构修改",
+                                    "保存",
+                                    "资料库",
+                                    "候车室",
+                                    "第 1 幕",
+                                    toQString(shotRecord().code) + " 未命名镜头",
+                                    "选择分镜",
+                                    "新 Take · ⌘ Return",
+                                    "放大分镜图片 · 01",
+                                    "查看分镜计划"}));
 }
 
 TEST_F(WindowTest, TheAppearanceChangesWithoutRebuildingAnything) {
