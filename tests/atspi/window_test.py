@@ -117,6 +117,41 @@ class WindowTest(unittest.TestCase):
         wait_for("the production to close", lambda: not has(production, Atspi.StateType.EXPANDED))
         self.assertIsNone(program.find(f"Take {take['number']}", TREE_ROW))
 
+    def test_a_shot_is_planned_and_a_take_logged(self):
+        library = json.loads(SAMPLE.read_text(encoding="utf-8"))
+        project = library["projects"][0]
+        act = project["acts"][0]
+        shot = next(shot for shot in act["shots"] if not shot["cancelled"])
+        program = self.open(SAMPLE)
+        program.act(project["title"], TREE_ROW)
+        program.act(act["title"], "push button")
+        place = program.get(f"{shot['code']} {shot['title']}", "panel")
+        edit = wait_for("the button of its row", lambda: next(
+            (node for node in program.walk(place) if node.get_name() == "Edit shot"), None))
+        screen.perform(edit, "Press")
+        program.write("Framing", "Close-up")
+        program.write("Image & action", "He turns.\nHolds.")
+        program.act("MOS", "radio button", "Toggle")
+        program.act("New take · ⌘ Return", "push button")
+        program.write("On-set notes · write freely", "第一条 Tom & <b>\n\nsecond")
+        program.act("Good", "radio button", "Toggle")
+        program.act("4 stars", "push button")
+        self.assertEqual(program.get("4 stars", "push button").get_description(), "Selected")
+        self.assertIsNone(program.find("Mixer media name", "text"), "without sound there is none")
+        program.write("Camera media names", "A001C001\nB001C001")
+
+        def on_disk():
+            held = next(held for held in self.saved()["projects"][0]["acts"][0]["shots"] if held["id"] == shot["id"])
+            takes = held["takes"]
+            return held if takes[-1]["cameraFile"].endswith("B001C001") else None
+
+        held = wait_for("all of it on disk", on_disk)
+        self.assertEqual((held["framing"], held["description"], held["soundMode"]),
+                         ("Close-up", "He turns.\nHolds.", "mos"))
+        take = held["takes"][-1]
+        self.assertEqual(len(held["takes"]), len(shot["takes"]) + 1)
+        self.assertEqual((take["notes"], take["result"], take["stars"]), ("第一条 Tom & <b>\n\nsecond", "good", 4))
+
     def test_each_fixed_place_is_a_button_that_tells_where_one_is(self):
         program = self.open()
         before = program.get("Library", "push button")

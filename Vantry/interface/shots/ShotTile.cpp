@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -30,6 +31,20 @@ void place(QWidget& part, int left, int middle) {
     part.setGeometry(left, middle - size.height() / 2, size.width(), size.height());
 }
 
+QAccessibleInterface* makeInterface(const QString&, QObject* object) {
+    auto* tile = qobject_cast<ShotTile*>(object);
+    return tile != nullptr ? new QAccessibleWidget(tile, QAccessible::Grouping) : nullptr;
+}
+
+/// Makes known to assistive tools that a tile is a group of its own.
+void installGroup() {
+    static const bool installed = [] {
+        QAccessible::installFactory(makeInterface);
+        return true;
+    }();
+    static_cast<void>(installed);
+}
+
 }  // namespace
 
 ShotTile::ShotTile(Shape of, VantryStore& store, QWidget* parent)
@@ -45,6 +60,7 @@ ShotTile::ShotTile(Shape of, VantryStore& store, QWidget* parent)
     , edit(new Button(Button::Kind::inlined, Glyph::none, this))
     , newTake(new Button(Button::Kind::quiet, Glyph::none, this))
     , menu(new RowMenuButton(this)) {
+    installGroup();
     text->setFont(VantryType::font(Role::label, QFont::Normal));
     text->setMostLines(textLines);
     state->setAttribute(Qt::WA_TransparentForMouseEvents);
