@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <QHBoxLayout>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 
 #include "Vantry/interface/design/Card.h"
@@ -49,6 +50,23 @@ std::optional<Moment> momentOf(QDateTime reading) {
     return std::nullopt;
 }
 
+/// A switch with its question, which turns it as well.
+class ToggleLine final : public QWidget {
+public:
+    explicit ToggleLine(VantryToggle& turned)
+        : toggle(turned) {}
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+            toggle.click();
+    }
+    void mousePressEvent(QMouseEvent* event) override { event->accept(); }
+
+private:
+    VantryToggle& toggle;
+};
+
 }  // namespace
 
 ScheduleFields::ScheduleFields(PageContext given, const Identifier& project, const Identifier& act,
@@ -63,7 +81,7 @@ ScheduleFields::ScheduleFields(PageContext given, const Identifier& project, con
     auto* lines = new QVBoxLayout(this);
     lines->setContentsMargins(0, 0, 0, 0);
     lines->addWidget(card);
-    auto* switching = new QWidget;
+    auto* switching = new ToggleLine(*toggle);
     auto* question = new QHBoxLayout(switching);
     question->setContentsMargins(0, 0, 0, 0);
     question->setSpacing(Metrics::gapField);

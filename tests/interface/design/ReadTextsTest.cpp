@@ -314,17 +314,16 @@ TEST(FactRow, HasItsSignBesideTheFirstTwoOfThreeLines) {
     row->setContent(content);
     for (int turn = 0; turn < 3; ++turn)
         QApplication::processEvents();
-    EXPECT_NEAR(middleOfSign(), row->height() / 2, 2);
+    const int whole = row->height() / 2;
+    EXPECT_NEAR(middleOfSign(), whole, 2);
     content.further = QStringLiteral("17:00");
     row->setContent(content);
     for (int turn = 0; turn < 3; ++turn)
         QApplication::processEvents();
-    const int nameAndBelow =
-        VantryType::lineHeight(VantryType::Role::emphasis) + VantryType::lineHeight(VantryType::Role::label);
-    EXPECT_NEAR(middleOfSign(),
-                (row->height() - nameAndBelow - VantryType::lineHeight(VantryType::Role::label)) / 2 +
-                    nameAndBelow / 2,
-                2);
+    const int line = VantryType::lineHeight(VantryType::Role::label);
+    const int nameAndBelow = VantryType::lineHeight(VantryType::Role::emphasis) + line;
+    const int besideTwo = (row->height() - nameAndBelow - line) / 2 + nameAndBelow / 2;
+    EXPECT_NEAR(middleOfSign(), besideTwo, 2);
 }
 
 TEST(LinkCard, GrowsWithItsDetailAndSpeaksIt) {

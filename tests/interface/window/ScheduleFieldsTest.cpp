@@ -72,6 +72,16 @@ TEST_F(ScheduleFieldsTest, AShotIsPlannedFromThisMinuteOnAndTakenOffAgain) {
     EXPECT_EQ(store->canUndo(), couldUndo) << "no structural change";
 }
 
+TEST_F(ScheduleFieldsTest, ItsQuestionTurnsTheSwitchToo) {
+    auto& question = get<Label>(QStringLiteral("安排拍摄"), &page());
+    QTest::mouseClick(&question, Qt::LeftButton);
+    settle();
+    EXPECT_TRUE(shotRecord().scheduledAt);
+    QTest::mouseClick(&question, Qt::LeftButton);
+    settle();
+    EXPECT_FALSE(shotRecord().scheduledAt);
+}
+
 TEST_F(ScheduleFieldsTest, TheStartIsShownAndWrittenInWholeMinutes) {
     schedule(at(2026, 11, 21, 20, 30, 42.5));
     EXPECT_EQ(start()->dateTime(), QDateTime(QDate(2026, 11, 21), QTime(20, 30), Qt::UTC));
