@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QWidget>
 
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/shots/ShotPlanLayout.h"
