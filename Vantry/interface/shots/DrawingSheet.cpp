@@ -53,7 +53,10 @@ DrawingSheet::DrawingSheet(VantryStore& source, QWidget* parent)
     content().addWidget(new SurfacePlace(*drawingSurface));
     makeButtons();
     // At once: there is nothing here that could be changed twice in one turn.
-    connect(&store, &VantryStore::changed, this, &DrawingSheet::refresh);
+    connect(&store, &VantryStore::changed, this, [this] {
+        if (isVisible())
+            refresh();
+    });
 }
 
 void DrawingSheet::makeButtons() {

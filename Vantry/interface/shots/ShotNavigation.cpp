@@ -51,15 +51,16 @@ void ShotNavigation::setCompact(bool compact) {
     next->setCompact(compact);
 }
 
-bool ShotNavigation::hasNeighbor(int step) const {
-    const auto project = store().project(projectID);
-    return project && ShotOrder(*project).neighbor(shotID, step);
+bool ShotNavigation::hasNext() const {
+    return next->isEnabled();
 }
 
 void ShotNavigation::goToNeighbor(int step) const {
-    if (!hasNeighbor(step) || !store().flush())
+    if (!store().flush())
         return;
     const auto project = store().project(projectID);
+    if (!project)
+        return;
     if (const auto found = ShotOrder(*project).neighbor(shotID, step))
         go(Route::shot(projectID, found->act->id, found->shot->id));
 }

@@ -21,8 +21,8 @@ public:
     /// Previous and next show their signs alone.
     void setCompact(bool compact);
 
-    /// Whether there is a shot in that direction, 1 or -1.
-    [[nodiscard]] bool hasNeighbor(int step) const;
+    /// Whether there was a next shot at the last refresh.
+    [[nodiscard]] bool hasNext() const;
     /// Saves and goes to it; nothing happens when there is none or the save fails.
     void goToNeighbor(int step) const;
 

@@ -176,7 +176,7 @@ bool TakeView::fill() {
     fillTexts(*shot, *take);
     navigation->refresh();
     newTake->setEnabled(!shot->cancelled);
-    next->setEnabled(navigation->hasNeighbor(1));
+    next->setEnabled(navigation->hasNext());
     retained->parentWidget()->setVisible(take->conflictKey.has_value());
     fitNotes();
     const bool english = store().english();
