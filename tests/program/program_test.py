@@ -17,6 +17,7 @@ import unittest
 
 VANTRY = pathlib.Path(sys.argv[1]).resolve()
 SAMPLE = pathlib.Path(sys.argv[2]).resolve()
+ENDINGS = (signal.SIGTERM, signal.SIGINT, signal.SIGHUP)
 
 
 class ProgramTest(unittest.TestCase):
@@ -51,13 +52,14 @@ class ProgramTest(unittest.TestCase):
         return process.returncode, output.splitlines(), errors
 
     def wait_until_running(self, process):
-        """A process that handles signals itself has reached its event loop."""
+        """A process that handles all the ending signals itself answers them as soon as its event loop runs."""
         status = pathlib.Path(f"/proc/{process.pid}/status")
+        handled = sum(1 << (ending - 1) for ending in ENDINGS)
         deadline = time.monotonic() + 30
         while time.monotonic() < deadline:
             self.assertIsNone(process.poll(), "the program ended on its own")
             for line in status.read_text().splitlines():
-                if line.startswith("SigCgt:") and int(line.split()[1], 16) >> (signal.SIGTERM - 1) & 1:
+                if line.startswith("SigCgt:") and int(line.split()[1], 16) & handled == handled:
                     return
             os.sched_yield()
         self.fail("the program did not come up")
@@ -131,7 +133,7 @@ class ProgramTest(unittest.TestCase):
         library = data / "library.json"
         shutil.copy(SAMPLE, library)
         before = (library.read_bytes(), library.stat().st_mtime_ns)
-        for ending in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
+        for ending in ENDINGS:
             process = self.start()
             self.wait_until_running(process)
             process.send_signal(ending)
