@@ -1,5 +1,6 @@
 #include "Vantry/app/Composition.h"
 
+#include <QAbstractButton>
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QInputMethodEvent>
@@ -39,6 +40,11 @@ protected:
                 ++handedOver;
         } else if (event->type() == QEvent::FocusOut && receiver == field) {
             field = nullptr;
+        } else if (event->type() == QEvent::MouseButtonPress && field != nullptr &&
+                   qobject_cast<QAbstractButton*>(receiver) != nullptr) {
+            // A press does not take the keyboard away, but what it does is about all that stands in the
+            // field.
+            finish();
         }
         return false;
     }

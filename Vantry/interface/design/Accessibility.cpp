@@ -80,11 +80,19 @@ public:
 
     [[nodiscard]] QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
+        // Tab passes by all but the chosen one; tools may go to each.
+        state.focusable = true;
         state.checkable = true;
         state.checked = segment->isChecked();
         state.selectable = true;
         state.selected = segment->isChecked();
         return state;
+    }
+    [[nodiscard]] QStringList actionNames() const override {
+        QStringList names = PressableAccessible::actionNames();
+        if (!names.contains(setFocusAction()))
+            names.append(setFocusAction());
+        return names;
     }
 
 private:

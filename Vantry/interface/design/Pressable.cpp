@@ -6,6 +6,7 @@
 #include "Vantry/interface/design/ControlStates.h"
 #include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/FocusRing.h"
+#include "Vantry/interface/design/KeyboardFocus.h"
 #include "Vantry/interface/design/VantryMotion.h"
 #include "Vantry/interface/design/VantryType.h"
 
@@ -18,7 +19,7 @@ Pressable::Pressable(const VantryMotion& fill, QWidget* parent)
     : QPushButton(parent)
     , watched(new ControlStates(*this, fill)) {
     setAutoDefault(false);
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(buttonFocus);
     setFont(VantryType::font(VantryType::Role::label));
 }
 

@@ -8,6 +8,7 @@
 #include "Vantry/interface/design/ControlStates.h"
 #include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/FocusRing.h"
+#include "Vantry/interface/design/KeyboardFocus.h"
 #include "Vantry/interface/design/VantryMotion.h"
 #include "Vantry/interface/design/VantryType.h"
 
@@ -39,7 +40,7 @@ Segment::Segment(const Look& appearance, Kind strip, QWidget* parent)
     , kind(strip)
     , states(new ControlStates(*this, VantryMotion::selection()))
     , dot(*this) {
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(buttonFocus);
     setSizePolicy(kind == Kind::tab ? QSizePolicy::Fixed : QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
 }
 

@@ -7,6 +7,7 @@
 #include <QPainter>
 
 #include "Vantry/interface/design/Accessibility.h"
+#include "Vantry/interface/design/KeyboardFocus.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/Surface.h"
 
@@ -69,7 +70,7 @@ void SegmentedChoice::followChoice() {
     if (chosenIndex() < 0)
         return;
     for (Segment* segment : segments)
-        segment->setFocusPolicy(segment->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+        segment->setFocusPolicy(segment->isChecked() ? buttonFocus : Qt::NoFocus);
 }
 
 void SegmentedChoice::keyPressEvent(QKeyEvent* event) {

@@ -5,6 +5,7 @@
 
 #include "Vantry/interface/design/ControlStates.h"
 #include "Vantry/interface/design/FocusRing.h"
+#include "Vantry/interface/design/KeyboardFocus.h"
 #include "Vantry/interface/design/VantryMotion.h"
 
 namespace vantry {
@@ -19,7 +20,7 @@ constexpr qreal inset = (Metrics::controlHeight - Metrics::toggleHeight) / 2.0;
 VantryToggle::VantryToggle(QWidget* parent)
     : QCheckBox(parent)
     , states(new ControlStates(*this, VantryMotion::selection())) {
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(buttonFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     states->setRing({0, inset, 0, inset}, radius, Metrics::ringGap);
 }

@@ -7,6 +7,7 @@
 #include <QFocusFrame>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
 #include <QVariantAnimation>
@@ -77,9 +78,14 @@ TEST_F(PressableTest, TheKeyboardHasARingAroundTheButton) {
     EXPECT_EQ(seen(-3, middle), palette().canvas);
 }
 
-TEST_F(PressableTest, ThePointerHasNone) {
+TEST_F(PressableTest, ThePointerLeavesTheKeyboardWhereItIs) {
+    // A click on what does not want the keyboard offers it to what is around.
+    area.setFocusPolicy(Qt::NoFocus);
+    second->setFocus(Qt::OtherFocusReason);
+    QSignalSpy pressed(first, &QAbstractButton::clicked);
     QTest::mouseClick(first, Qt::LeftButton);
-    EXPECT_TRUE(first->hasFocus());
+    EXPECT_EQ(pressed.count(), 1);
+    EXPECT_TRUE(second->hasFocus());
     EXPECT_TRUE(rings().isEmpty());
 }
 

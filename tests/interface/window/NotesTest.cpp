@@ -150,6 +150,7 @@ TEST_F(NotesTest, ARecordThatComesBackFindsItsPageAsItWas) {
 
 TEST_F(NotesTest, TheStructuralUndoLeavesCaretAndTypingHistoryAlone) {
     go(takeRoute());
+    notes().setFocus();
     QTest::keyClicks(&notes(), QStringLiteral("first second"));
     const Identifier added = store->addShot(project, act);
     settle();
@@ -161,9 +162,34 @@ TEST_F(NotesTest, TheStructuralUndoLeavesCaretAndTypingHistoryAlone) {
     EXPECT_EQ(store->shot(project, act, added), nullptr);
     EXPECT_EQ(takeRecord().notes, Text("first second third"));
     EXPECT_EQ(notes().textCursor().position(), 5);
-    notes().setFocus();
-    QTest::keyClick(&notes(), Qt::Key_Z, Qt::ControlModifier);
+    press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_NE(takeRecord().notes, Text("first second third")) << "its own history is still there";
+}
+
+TEST_F(NotesTest, AVerdictTappedWhileWritingTakesNoKeyAway) {
+    go(takeRoute());
+    notes().setFocus();
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("held "));
+    for (const char* name : {"4 星", "Good", "NG", "Good", "保存"}) {
+        click(QString::fromUtf8(name));
+        ASSERT_EQ(QApplication::focusWidget(), &notes()) << name;
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("on "));
+    }
+    EXPECT_EQ(takeRecord().notes, Text("held on on on on on "));
+    EXPECT_EQ(takeRecord().stars, 4) << "the blank was written, not pressed";
+    EXPECT_EQ(takeRecord().result, TakeResult::good);
+}
+
+TEST_F(NotesTest, AVerdictTappedWhileComposingWritesTheCompositionOnce) {
+    go(takeRoute());
+    notes().setFocus();
+    QInputMethodEvent compose(QStringLiteral("zhong"), {});
+    QApplication::sendEvent(&notes(), &compose);
+    click(QStringLiteral("Good"));
+    EXPECT_EQ(takeRecord().notes, Text("zhong"));
+    EXPECT_EQ(takeRecord().result, TakeResult::good);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("!"));
+    EXPECT_EQ(takeRecord().notes, Text("zhong!"));
 }
 
 TEST_F(NotesTest, ControlZInTheNotesIsNotTheStructuralUndo) {
