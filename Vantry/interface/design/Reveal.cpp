@@ -12,7 +12,8 @@ namespace vantry {
 Reveal::Reveal(QWidget* parent)
     : QWidget(parent)
     , share(*parent, VantryMotion::disclosure(), 0, [this] { follow(); }) {
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    // Not a fixed one: a layout would then hold the height of the hint, of another width, for the most.
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     hide();

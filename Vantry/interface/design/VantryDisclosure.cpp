@@ -143,7 +143,8 @@ VantryDisclosure::VantryDisclosure(Glyph glyph, QWidget* parent)
     outer->setSpacing(0);
     outer->addWidget(header);
     outer->addWidget(reveal);
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    // Not a fixed one: a layout would then hold the height of the hint, of another width, for the most.
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     connect(header, &DisclosureHeader::clicked, this, [this] { setExpanded(!isExpanded()); });

@@ -12,6 +12,7 @@
 #include "Vantry/interface/design/Label.h"
 #include "Vantry/interface/design/LabeledInput.h"
 #include "Vantry/interface/design/VantryMotionPreference.h"
+#include "Vantry/interface/design/WorkspaceColumns.h"
 
 namespace vantry::test {
 namespace {
@@ -52,6 +53,24 @@ TEST_F(VantryDisclosureTest, IsClosedAtFirstAndAsHighAsItsHeader) {
     EXPECT_FALSE(disclosure->isExpanded());
     EXPECT_EQ(disclosure->height(), 56);
     EXPECT_FALSE(input->isVisible());
+}
+
+TEST_F(VantryDisclosureTest, IsAsHighAsItsContentInEachWidth) {
+    auto* form = new QWidget;
+    auto* columns = new WorkspaceColumns(Metrics::formMinimum, Metrics::gapField, form);
+    for (int count = 0; count < 6; ++count)
+        columns->addWidget(new LabeledInput(form));
+    disclosure->content().addWidget(form);
+    disclosure->setExpanded(true);
+    window.resize(window.width(), 2000);
+    for (const int width : {900, 700, 2 * Metrics::formMinimum + 40, 300, 900}) {
+        window.resize(width, 2000);
+        settle();
+        EXPECT_EQ(disclosure->height(), disclosure->heightForWidth(width)) << width;
+        const int end = form->mapTo(disclosure, QPoint(0, form->height())).y();
+        EXPECT_EQ(end + Metrics::paddingDisclosure, disclosure->height()) << width;
+        EXPECT_EQ(form->height(), form->heightForWidth(form->width())) << width;
+    }
 }
 
 TEST_F(VantryDisclosureTest, OpensAndClosesByPointerAndKeys) {

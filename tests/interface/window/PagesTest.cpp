@@ -3,6 +3,7 @@
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/SegmentedChoice.h"
 #include "Vantry/interface/design/StatusPill.h"
+#include "Vantry/interface/design/VantryDisclosure.h"
 #include "tests/interface/window/WindowFixture.h"
 
 namespace vantry::test {
@@ -181,6 +182,9 @@ TEST_F(PagesTest, TheSoundModeShowsAndHidesNamesButKeepsThem) {
     EXPECT_TRUE(shows(note));
     clickOnPage(QStringLiteral("同期声"));
     EXPECT_FALSE(shows(note));
+    EXPECT_EQ(get<ParagraphEditor>(QStringLiteral("相机素材名")).toPlainText(), QStringLiteral("A001"));
+    EXPECT_EQ(get<QLineEdit>(QStringLiteral("Mixer 素材名")).text(), QStringLiteral("S01.WAV"));
+    EXPECT_TRUE(shows(QStringLiteral("声音 Take 1")));
     EXPECT_EQ(takeRecord().cameraFile, Text("A001"));
     EXPECT_EQ(takeRecord().mixerFile, Text("S01.WAV"));
 }
@@ -260,6 +264,26 @@ TEST_F(PagesTest, ANameThatLooksLikeMarkupLooksAndSpeaksRight) {
     go(Route::act(project, act));
     EXPECT_TRUE(shows(QStringLiteral("A&B <b>")));
     EXPECT_TRUE(shows(name)) << "in the heading";
+}
+
+TEST_F(PagesTest, NoParameterIsCutInAnyWidthOfTheWindow) {
+    go(takeRoute());
+    clickOnPage(QStringLiteral("相机、镜头、录制与监视"));
+    // A page that is come back to has its panel open at once.
+    go(Route::library());
+    go(takeRoute());
+    const auto& panel = *page().findChild<VantryDisclosure*>();
+    for (const int width : {1000, 1140, 1150, 1200, 1249, 1250, 1380, 2000}) {
+        window->resize(width, 800);
+        settle();
+        const auto fields = panel.findChildren<QLineEdit*>();
+        ASSERT_EQ(fields.size(), 16);
+        for (const QLineEdit* field : fields)
+            for (const QWidget* around = field->parentWidget(); around != panel.parentWidget();
+                 around = around->parentWidget())
+                EXPECT_TRUE(around->rect().contains(QRect(field->mapTo(around, QPoint()), field->size())))
+                    << width << ' ' << field->accessibleName().toStdString();
+    }
 }
 
 TEST_F(PagesTest, TheKeyboardReachesEveryControlOfTheTakeInOrder) {
