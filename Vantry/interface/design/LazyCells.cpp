@@ -50,10 +50,16 @@ qsizetype LazyCells::columnsAt(int width) const {
     return shape.minimum == 0 ? 1 : planColumns(width, shape.minimum, shape.gap, {}).columns;
 }
 
+QSize LazyCells::cellAt(int width) const {
+    const auto columns = static_cast<int>(columnsAt(width));
+    const int cellWidth = (width - (columns - 1) * shape.gap) / columns;
+    return {cellWidth, shape.heightFor != nullptr ? shape.heightFor(cellWidth) : shape.height};
+}
+
 int LazyCells::heightForWidth(int width) const {
     const qsizetype columns = columnsAt(width);
     const auto rows = static_cast<int>((keys.size() + columns - 1) / columns);
-    return rows == 0 ? 0 : rows * shape.height + (rows - 1) * shape.gap;
+    return rows == 0 ? 0 : rows * cellAt(width).height() + (rows - 1) * shape.gap;
 }
 
 QSize LazyCells::sizeHint() const {
@@ -66,13 +72,13 @@ QSize LazyCells::minimumSizeHint() const {
 
 QRect LazyCells::place(qsizetype index) const {
     const qsizetype columns = columnsAt(width());
-    const int cellWidth = (width() - static_cast<int>(columns - 1) * shape.gap) / static_cast<int>(columns);
+    const QSize cell = cellAt(width());
     const auto row = static_cast<int>(index / columns);
     const auto column = static_cast<int>(index % columns);
     // The last column ends on the right edge, whatever the shares round to.
     const int left =
-        column > 0 && column + 1 == columns ? width() - cellWidth : column * (cellWidth + shape.gap);
-    return {left, row * (shape.height + shape.gap), cellWidth, shape.height};
+        column > 0 && column + 1 == columns ? width() - cell.width() : column * (cell.width() + shape.gap);
+    return {QPoint(left, row * (cell.height() + shape.gap)), cell};
 }
 
 /// What lies in the visible part of the page, or not further from it than half of its height.
@@ -117,7 +123,7 @@ void LazyCells::bringIn() {
         return;
     const QRect near = nearby();
     const qsizetype columns = columnsAt(width());
-    const int step = shape.height + shape.gap;
+    const int step = cellAt(width()).height() + shape.gap;
     const qsizetype first = std::max(near.top() / step, 0) * columns;
     const qsizetype end = std::min(near.bottom() < 0 ? 0 : (near.bottom() / step + 1) * columns, keys.size());
     bool isNew = false;

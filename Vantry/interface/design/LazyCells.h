@@ -21,10 +21,11 @@ class LazyCells : public QWidget {
 
 public:
     struct Shape {
-        int height = 0;
+        int height = 0;                       ///< of a cell
         int gap = 0;                          ///< between cells
         int minimum = 0;                      ///< the least width of two columns; 0: always one
         int (*columns)(int width) = nullptr;  ///< or how many there are at that width, in place of `minimum`
+        int (*heightFor)(int width) = nullptr;  ///< of a cell of that width, in place of `height`
     };
     /// Makes the widget of a cell, which never changes its key.
     using Make = std::function<QWidget*(const QByteArray& key, QWidget* holder)>;
@@ -55,6 +56,7 @@ protected:
 
 private:
     [[nodiscard]] qsizetype columnsAt(int width) const;
+    [[nodiscard]] QSize cellAt(int width) const;
     [[nodiscard]] QRect nearby() const;
     void follow();
     void bringIn();

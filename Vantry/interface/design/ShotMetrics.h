@@ -5,8 +5,7 @@ namespace vantry {
 /// The lengths of the pages on which shots are planned and takes logged, in points; `Metrics` has them all.
 struct ShotMetrics {
     static constexpr int shotRowHeight = 112;
-    static constexpr int shotCellHeight = 360;  ///< in the grid
-    static constexpr int shotColumns = 3;       ///< of the grid, at most
+    static constexpr int shotColumns = 3;  ///< of the grid, at most
     static constexpr int threeShotsFrom = 1000;
     static constexpr int twoShotsFrom = 560;
     static constexpr int handleInset = 8;      ///< what a row is dragged by, from its edge

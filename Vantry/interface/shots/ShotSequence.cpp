@@ -40,7 +40,7 @@ ShotSequence::ShotSequence(VantryStore& source, Fill fillTile, QWidget* parent)
         Metrics::shotRowHeight,
         [this](const QByteArray& key, QWidget* holder) { return makeTile(key, holder, true); }, bring, this);
     grid = new LazyCells(
-        {Metrics::shotCellHeight, Metrics::gapCard, 0, gridColumns},
+        {0, Metrics::gapCard, 0, gridColumns, &ShotTile::cardHeight},
         [this](const QByteArray& key, QWidget* holder) { return makeTile(key, holder, false); }, bring, this);
     auto* lines = new QVBoxLayout(this);
     lines->setContentsMargins(0, 0, 0, 0);

@@ -25,6 +25,8 @@ namespace {
 using Role = VantryType::Role;
 
 constexpr int textLines = 2;
+/// From the border of a card to what is in it.
+constexpr int cardEdge = Metrics::gapField;
 
 void place(QWidget& part, int left, int middle) {
     const QSize size = part.sizeHint();
@@ -163,14 +165,17 @@ void ShotTile::arrangeRow() {
     arrangeTexts({left, 0, right - Metrics::gapCard - left, height()}, true);
 }
 
-void ShotTile::arrangeCard() {
-    constexpr int edge = Metrics::gapField;
-    const int inner = width() - 2 * edge;
-    // What the texts and buttons below leave.
+int ShotTile::cardHeight(int width) {
     const int below = VantryType::lineHeight(Role::emphasis) + VantryType::lineHeight(Role::caption) +
                       textLines * VantryType::lineHeight(Role::label) + Metrics::controlHeight +
                       Metrics::gapField + 3 * Metrics::gapTrack + Metrics::gapLines;
-    const int frameHeight = std::min(StoryboardFrame::heightFor(inner), height() - 2 * edge - below);
+    return 2 * cardEdge + StoryboardFrame::heightFor(width - 2 * cardEdge) + below;
+}
+
+void ShotTile::arrangeCard() {
+    constexpr int edge = cardEdge;
+    const int inner = width() - 2 * edge;
+    const int frameHeight = StoryboardFrame::heightFor(inner);
     frame->setGeometry(edge, edge, inner, frameHeight);
     const int buttonsTop = height() - edge - Metrics::controlHeight;
     const int middle = buttonsTop + Metrics::controlHeight / 2;

@@ -40,6 +40,9 @@ public:
 
     ShotTile(Shape shape, VantryStore& store, QWidget* parent);
 
+    /// What a card of that width needs: the whole frame, and below it texts and buttons.
+    [[nodiscard]] static int cardHeight(int width);
+
     void setContent(const Shot& shot, const Content& content, bool english);
     void setTitles(const QString& edit, const QString& newTake, const QString& menu);
     void setDropMark(DropMark mark);

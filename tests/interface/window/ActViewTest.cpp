@@ -6,6 +6,8 @@
 #include "Vantry/interface/design/CompletionLine.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/shots/ShotTile.h"
+#include "Vantry/interface/shots/StoryboardFrame.h"
+#include "Vantry/interface/shots/StoryboardPreview.h"
 #include "tests/interface/window/WindowFixture.h"
 
 namespace vantry::test {
@@ -113,12 +115,20 @@ TEST_F(ActViewTest, TheGridHasThreeColumnsTwoOrTheListOne) {
     EXPECT_TRUE(shows(QStringLiteral("分镜视图")));
     EXPECT_EQ(tiles()[2]->y(), tiles()[0]->y());
     EXPECT_GT(tiles()[3]->y(), tiles()[0]->y());
-    EXPECT_EQ(tiles()[0]->height(), Metrics::shotCellHeight);
+    EXPECT_EQ(tiles()[0]->height(), ShotTile::cardHeight(tiles()[0]->width()));
     EXPECT_EQ(tiles()[2]->geometry().right() + 1, tiles()[0]->parentWidget()->width());
     window->resize(1000, 680);
     settle();
     EXPECT_EQ(tiles()[1]->y(), tiles()[0]->y());
     EXPECT_GT(tiles()[2]->y(), tiles()[0]->y());
+    for (const int width : {1000, 1140, 1200, 1380, 1700, 2560}) {
+        window->resize(width, 900);
+        settle();
+        const auto& frame = *tiles()[0]->findChild<StoryboardPreview*>();
+        EXPECT_EQ(frame.height(), StoryboardFrame::heightFor(frame.width()))
+            << "it fills its card at " << width;
+        EXPECT_EQ(frame.x(), tiles()[0]->width() - frame.geometry().right() - 1);
+    }
     clickOnPage(QStringLiteral("清单"));
     EXPECT_EQ(tiles()[0]->height(), Metrics::shotRowHeight);
     EXPECT_TRUE(shows(QStringLiteral("拖动可排序")));
@@ -132,7 +142,7 @@ TEST_F(ActViewTest, EachActRemembersItsMode) {
     EXPECT_TRUE(get<QAbstractButton>(QStringLiteral("清单"), &page()).isChecked());
     go(Route::act(project, act));
     EXPECT_TRUE(get<QAbstractButton>(QStringLiteral("网格"), &page()).isChecked());
-    EXPECT_EQ(tiles()[0]->height(), Metrics::shotCellHeight);
+    EXPECT_EQ(tiles()[0]->height(), ShotTile::cardHeight(tiles()[0]->width()));
 }
 
 TEST_F(ActViewTest, NothingOfARowLiesOnAnotherPartOrOutside) {
