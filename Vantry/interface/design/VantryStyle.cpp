@@ -109,7 +109,8 @@ void VantryStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
              widget->objectName() == QLatin1String("qt_calendar_monthbutton"))
         return;
     // The views paint their rows themselves, and the panel of a menu has its frame.
-    else if (element != PE_PanelItemViewRow && element != PE_FrameMenu)
+    // Where two scroll bars meet is a piece of the page, too.
+    else if (element != PE_PanelItemViewRow && element != PE_FrameMenu && element != PE_PanelScrollAreaCorner)
         QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 

@@ -4,6 +4,7 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include "Vantry/interface/design/Palette.h"
 #include "Vantry/interface/shots/StoryboardImage.h"
 #include "tests/interface/shots/StoryboardFixture.h"
 
@@ -106,6 +107,17 @@ TEST_F(StoryboardViewerTest, ScrollsOnBothAxesAndKeepsTheMiddle) {
     turnWheel(-120, Qt::NoModifier);
     EXPECT_GT(middle().y(), place.y() + 0.01);
     EXPECT_EQ(viewer->zoom(), 2.5);
+}
+
+TEST_F(StoryboardViewerTest, NothingStandsWhereItsIndicatorsMeet) {
+    press(QStringLiteral("Zoom in"));
+    press(QStringLiteral("Zoom in"));
+    const QImage seen = view().grab().toImage();
+    const QSize corner(view().verticalScrollBar()->width(), view().horizontalScrollBar()->height());
+    const QColor canvas = Palette::of(*viewer).canvas;
+    for (int x = 1; x <= corner.width(); ++x)
+        for (int y = 1; y <= corner.height(); ++y)
+            ASSERT_EQ(seen.pixelColor(seen.width() - x, seen.height() - y), canvas) << x << ' ' << y;
 }
 
 TEST_F(StoryboardViewerTest, TheKeyboardAndTheWheelZoomToo) {
