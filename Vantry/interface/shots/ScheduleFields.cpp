@@ -93,10 +93,10 @@ ScheduleFields::ScheduleFields(PageContext given, const Identifier& project, con
     row->setSpacing(Metrics::gapSection);
     row->addWidget(switching, 0, Qt::AlignBottom);
     row->addWidget(makeFields());
-    wrong = new Label(VantryType::Role::caption, &Palette::danger, Label::Length::wrapped);
-    row->addWidget(wrong, 1, Qt::AlignBottom);
     row->addStretch();
     card->content().addLayout(row);
+    wrong = new Label(VantryType::Role::caption, &Palette::danger, Label::Length::wrapped);
+    card->content().addWidget(wrong);
     connect(toggle, &VantryToggle::clicked, this, performing([this](bool on) { turn(on); }));
     connect(start, &DateTimeField::edited, this,
             performing([this](const QDateTime& reading) { setStart(reading); }));
@@ -192,8 +192,11 @@ void ScheduleFields::refresh() {
     startTitle->setPlain(text(u"开始时间", u"Start time"));
     start->setAccessibleName(text(u"开始时间", u"Start time"));
     start->setEnglish(store().english());
-    if (scheduled)
+    if (scheduled) {
         start->setReading(readingOf(*shot->scheduledAt));
+        // Taken off elsewhere, it does not come back here.
+        lastStart.reset();
+    }
     durationTitle->setPlain(text(u"拍摄时长（分钟）", u"Shoot duration in minutes"));
     duration->setAccessibleName(text(u"拍摄时长（分钟）", u"Shoot duration in minutes"));
     fillDuration(shot.get());

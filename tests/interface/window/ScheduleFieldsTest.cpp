@@ -7,6 +7,8 @@
 
 #include "Vantry/interface/design/DateTimeField.h"
 #include "Vantry/interface/design/VantryToggle.h"
+#include "Vantry/interface/design/VantryType.h"
+#include "Vantry/schedule/rules/ShootSchedule.h"
 #include "VantryCore/records/Calendar.h"
 #include "VantryCore/records/ClockReading.h"
 #include "tests/interface/window/WindowFixture.h"
@@ -124,6 +126,19 @@ TEST_F(ScheduleFieldsTest, APlanThatWasTakenOffComesBackWithItsStart) {
     EXPECT_EQ(shotRecord().scheduledAt, at(2026, 11, 25, 21, 8));
 }
 
+TEST_F(ScheduleFieldsTest, APlanThatWasTakenOffElsewhereDoesNotComeBack) {
+    schedule(at(2026, 11, 21, 20, 30));
+    toggle().click();
+    settle();
+    schedule(at(2026, 12, 1, 9, 0));
+    store->updateShot(project, act, shot, [](Shot& record) { record.scheduledAt.reset(); });
+    settle();
+    toggle().click();
+    settle();
+    EXPECT_EQ(shotRecord().scheduledAt,
+              ShootSchedule::normalizedToMinute(store->now(), Calendar(Zone::machine())));
+}
+
 TEST_F(ScheduleFieldsTest, ADurationIsStoredWhenItCanBe) {
     const struct {
         const char* typed;
@@ -165,6 +180,28 @@ TEST_F(ScheduleFieldsTest, AWrongDurationStaysInSightUntilAnotherComes) {
     schedule(at(2026, 11, 21, 20, 30), 60);
     EXPECT_EQ(duration().text(), QStringLiteral("60"));
     EXPECT_FALSE(shows(wrong));
+}
+
+TEST_F(ScheduleFieldsTest, WhatIsWrongIsToldInOneLineAndMovesNothingElse) {
+    schedule(at(2026, 11, 21, 20, 30), 45);
+    for (const char* language : {"zh", "en"}) {
+        store->setLanguage(language);
+        window->resize(1000, 680);
+        settle();
+        auto& field = get<QLineEdit>(store->english() ? QStringLiteral("Shoot duration in minutes")
+                                                      : QStringLiteral("拍摄时长（分钟）"),
+                                     &page());
+        const QPoint before = field.mapTo(&page(), QPoint());
+        field.setText(QStringLiteral("99999"));
+        settle();
+        const auto* told = find<QLabel>(
+            page(), store->english() ? QStringLiteral("Use a duration between 1 and 10080 minutes.") : wrong);
+        ASSERT_NE(told, nullptr);
+        EXPECT_EQ(told->height(), VantryType::lineHeight(VantryType::Role::caption)) << language;
+        EXPECT_EQ(field.mapTo(&page(), QPoint()), before) << language;
+        field.setText(QStringLiteral("45"));
+        settle();
+    }
 }
 
 TEST_F(ScheduleFieldsTest, WhatIsFarAwayIsShownAsFarAsItGoesAndKept) {
