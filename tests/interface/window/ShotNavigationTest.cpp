@@ -77,7 +77,8 @@ TEST_F(ShotNavigationTest, SkipsCancelledShotsAndCountsThem) {
     EXPECT_EQ(route(), routeOf(2));
     EXPECT_EQ(position().text(), QStringLiteral("3 / 4"));
     go(routeOf(1));
-    EXPECT_TRUE(previous().isEnabled()) << "a cancelled one has neighbours";
+    EXPECT_EQ(position().text(), QStringLiteral("2 / 4")) << "a cancelled one keeps its place";
+    EXPECT_TRUE(previous().isEnabled()) << "and has neighbours";
     EXPECT_TRUE(next().isEnabled());
     go(routeOf(2));
     cancel(shots[0]);
