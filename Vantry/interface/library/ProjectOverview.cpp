@@ -79,6 +79,7 @@ QWidget* ProjectOverview::makeSummary(FactRow*& facts, Button*& button, int tab)
     auto* card = new Card;
     facts = new FactRow(FactRow::Edge::text);
     button = new Button(Button::Kind::quiet);
+    button->setPressedOnce();
     card->content().addWidget(facts);
     card->content().addWidget(leading(button));
     connect(button, &Button::clicked, this, performing([this, tab](bool) { openTab(tab); }));

@@ -1,5 +1,7 @@
 #include "Vantry/interface/library/ProjectView.h"
 
+#include <QAbstractButton>
+
 #include "Vantry/app/QtText.h"
 #include "Vantry/documents/menu/ExportMenu.h"
 #include "Vantry/interface/design/Compose.h"
@@ -74,10 +76,22 @@ void ProjectView::showTab(int chosen) {
     page->refresh();
     if (tab == shownTab)
         return;
+    // First, so that no move of the keyboard is noted down as one of the person's on the tab that goes.
+    column().setMemoryKey("project-" + std::to_string(tab));
+    if (shownTab >= 0)
+        keepKeyboard(*pages.at(static_cast<std::size_t>(shownTab)));
     shownTab = tab;
     for (StorePage* other : pages)
         other->setVisible(other == page);
-    column().setMemoryKey("project-" + std::to_string(tab));
+}
+
+void ProjectView::keepKeyboard(const QWidget& leaving) {
+    const QWidget* focused = window()->focusWidget();
+    if (focused == nullptr || !leaving.isAncestorOf(focused))
+        return;
+    // A button has it only from those who came by keyboard: they go on seeing where they are.
+    const bool byKeyboard = qobject_cast<const QAbstractButton*>(focused) != nullptr;
+    tabs->focusChosen(byKeyboard ? Qt::TabFocusReason : Qt::OtherFocusReason);
 }
 
 }  // namespace vantry

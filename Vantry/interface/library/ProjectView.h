@@ -26,6 +26,9 @@ protected:
 private:
     void choose(int tab);
     void showTab(int tab);
+    /// Gives the keyboard to the tabs when it is in `leaving`, which is about to go: Qt would hand it to
+    /// whatever comes next, which may be on no page at all.
+    void keepKeyboard(const QWidget& leaving);
 
     const Identifier projectID;
     PageChoice section;

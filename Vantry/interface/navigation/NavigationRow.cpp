@@ -14,6 +14,7 @@ NavigationRow::NavigationRow(Glyph sign, QWidget* parent)
     : Pressable(VantryMotion::selection(), parent)
     , glyph(sign) {
     installNavigationAccessibility();
+    setPressedOnce();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 

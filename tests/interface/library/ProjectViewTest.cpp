@@ -1,8 +1,12 @@
 #include "Vantry/interface/library/ProjectView.h"
 
+#include <QScrollBar>
+#include <QSignalSpy>
+
 #include "Vantry/interface/design/CompletionLine.h"
 #include "Vantry/interface/design/EmptyViewCard.h"
 #include "Vantry/interface/design/Metrics.h"
+#include "Vantry/interface/design/PageColumn.h"
 #include "Vantry/interface/design/VantryDisclosure.h"
 #include "Vantry/interface/design/WorkspaceTabs.h"
 #include "Vantry/interface/library/PlanRows.h"
@@ -151,6 +155,53 @@ TEST_F(ProjectViewTest, TheCardsLeadToTheirTabs) {
     expectShown({"Crew & cast", "Finish editing to return to the information board"});
     tab(QStringLiteral("Details"));
     expectShown({"Production details"});
+}
+
+TEST_F(ProjectViewTest, TheKeyboardGoesFromACardToTheTabThatItLedTo) {
+    const std::vector<std::pair<QString, QString>> ways{{QStringLiteral("打开人员信息板"), people},
+                                                        {QStringLiteral("管理通告单"), callSheets}};
+    for (const auto& [button, title] : ways) {
+        tab(overview);
+        get<QAbstractButton>(button, &page()).setFocus(Qt::TabFocusReason);
+        press(Qt::Key_Return);
+        auto& chosen = get<Segment>(title, &page());
+        EXPECT_EQ(QApplication::focusWidget(), &chosen);
+        EXPECT_TRUE(chosen.isChecked());
+        const QImage withRing = chosen.grab().toImage();
+        press(Qt::Key_Return, Qt::NoModifier, true);
+        press(Qt::Key_Space);
+        EXPECT_EQ(route(), desk()) << "a key that is held, or pressed again, leaves no page";
+        EXPECT_TRUE(chosen.isChecked());
+        chosen.clearFocus();
+        EXPECT_NE(chosen.grab().toImage(), withRing) << "who came by keyboard sees where";
+    }
+}
+
+TEST_F(ProjectViewTest, AKeyThatIsHeldOpensATabOnce) {
+    for (const QString name : {"打开人员信息板", "管理通告单"}) {
+        tab(overview);
+        auto& button = get<QAbstractButton>(name, &page());
+        const QSignalSpy presses(&button, &QAbstractButton::clicked);
+        QTest::simulateEvent(&button, true, Qt::Key_Return, Qt::NoModifier, QString(), true);
+        EXPECT_EQ(presses.count(), 0) << "it was held before";
+        QTest::keyClick(&button, Qt::Key_Return);
+        EXPECT_EQ(presses.count(), 1);
+    }
+}
+
+TEST_F(ProjectViewTest, ATabThatGoesKeepsWhereItWasScrolled) {
+    for (int count = 0; count < 12; ++count)
+        store->addAct(project);
+    settle();
+    auto& bar = *page().findChild<PageColumn*>()->verticalScrollBar();
+    get<QAbstractButton>(QStringLiteral("新增幕"), &page()).setFocus(Qt::TabFocusReason);
+    bar.setValue(bar.maximum());
+    const int left = bar.value();
+    ASSERT_GT(left, 0);
+    tab(people);
+    EXPECT_EQ(bar.value(), 0);
+    tab(overview);
+    EXPECT_EQ(bar.value(), left);
 }
 
 TEST_F(ProjectViewTest, OnlyTheTabThatIsChosenCanBeReached) {

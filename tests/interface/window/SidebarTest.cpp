@@ -1,6 +1,9 @@
 // The tree of the sidebar in the window.
 
+#include <QSignalSpy>
+
 #include "Vantry/interface/navigation/LibraryTreeModel.h"
+#include "Vantry/interface/navigation/NavigationRow.h"
 #include "tests/interface/window/WindowFixture.h"
 
 namespace vantry::test {
@@ -65,6 +68,17 @@ TEST_F(SidebarTest, TheKeyboardWalksOpensAndPresses) {
     press(Qt::Key_Up);
     press(Qt::Key_Space);
     EXPECT_EQ(route(), Route::project(project));
+}
+
+TEST_F(SidebarTest, APlaceIsPressedOnceByAKeyThatIsHeld) {
+    for (const QString name : {"资料库", "搜索", "日历", "设置"}) {
+        auto& place = get<NavigationRow>(name);
+        const QSignalSpy presses(&place, &NavigationRow::clicked);
+        place.setFocus(Qt::TabFocusReason);
+        press(Qt::Key_Return);
+        press(Qt::Key_Return, Qt::NoModifier, true);
+        EXPECT_EQ(presses.count(), 1) << name.toStdString();
+    }
 }
 
 TEST_F(SidebarTest, OpenRowsStayOpenThroughChangesAndComeBackOpen) {
