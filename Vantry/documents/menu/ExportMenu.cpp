@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "Vantry/app/Composition.h"
 #include "Vantry/app/QtText.h"
 #include "Vantry/app/VantryStore.h"
 #include "Vantry/documents/CallSheetPDF.h"
@@ -10,13 +9,15 @@
 #include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/RowButton.h"
 #include "Vantry/interface/pages/Contained.h"
+#include "Vantry/interface/pages/PanelOperation.h"
 
 namespace vantry {
 
 ExportMenu::ExportMenu(VantryStore& opened, const Identifier& project, QWidget* parent)
     : Button(Kind::quiet, Glyph::share, parent)
     , store(opened)
-    , projectID(project) {
+    , projectID(project)
+    , saving(new PanelOperation(opened, *this)) {
     setOpensMenu();
     setTrailing(Glyph::chevronDown);
     connect(this, &ExportMenu::clicked, this, [this] { contain(store, [this] { open(); }); });
@@ -36,6 +37,7 @@ void ExportMenu::open() {
         return;
     auto* menu = new RowMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setAccessibleName(plain());
     addDocuments(*menu);
     addCallSheets(*menu, *project);
     // Both end on the page's right edge.
@@ -45,8 +47,7 @@ void ExportMenu::open() {
 void ExportMenu::addDocuments(QMenu& menu) {
     const auto add = [&](const QString& title, bool report) {
         connect(menu.addAction(controlText(title)), &QAction::triggered, this, [this, report] {
-            contain(store, [&] {
-                commitComposition();
+            saving->start([this, report] {
                 if (const auto project = store.project(projectID))
                     PDFExport::save(project, report, store);
             });
@@ -69,8 +70,7 @@ void ExportMenu::addCallSheets(QMenu& menu, const Project& project) {
         const QString title = QString::fromStdString(CallSheetPDF::dateText(*sheet)) + QStringLiteral(" · ") +
                               toQString((*sheet)["version"]);
         connect(sheets->addAction(controlText(title)), &QAction::triggered, this, [this, id = sheet->id] {
-            contain(store, [&] {
-                commitComposition();
+            saving->start([this, id] {
                 if (const auto current = store.project(projectID))
                     CallSheetPDF::save(current, id, store);
             });

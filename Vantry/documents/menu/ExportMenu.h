@@ -7,6 +7,7 @@ class QMenu;
 
 namespace vantry {
 
+class PanelOperation;
 class VantryStore;
 struct Project;
 
@@ -29,6 +30,7 @@ private:
 
     VantryStore& store;
     const Identifier projectID;
+    PanelOperation* saving;
 };
 
 }  // namespace vantry

@@ -27,6 +27,7 @@
 #include "Vantry/interface/navigation/WindowActions.h"
 #include "Vantry/interface/pages/Contained.h"
 #include "Vantry/interface/pages/MissingView.h"
+#include "Vantry/interface/pages/PanelOperation.h"
 #include "Vantry/interface/routes/Crumbs.h"
 #include "Vantry/interface/routes/PageEnvironment.h"
 #include "Vantry/interface/settings/SettingsView.h"
@@ -55,6 +56,7 @@ RootView::RootView(VantryStore& opened, AppDelegate& guard)
     resize(Metrics::windowWidth, Metrics::windowHeight);
 
     actions = new WindowActions(store, *menuBar());
+    backup = new PanelOperation(store, *this);
     auto* splitter = new QSplitter(this);
     splitter->setHandleWidth(Metrics::hairline);
     splitter->setChildrenCollapsible(false);
@@ -72,11 +74,11 @@ RootView::RootView(VantryStore& opened, AppDelegate& guard)
     connect(&store, &VantryStore::changed, this, &RootView::refreshSoon);
     connect(actions, &WindowActions::backWanted, this, &RootView::goBack);
     connect(actions, &WindowActions::homeWanted, this, [this] { go(Route::library()); });
-    connect(actions, &WindowActions::undoWanted, this, [this] { performSettled(&VantryStore::undo); });
+    connect(actions, &WindowActions::undoWanted, this, &RootView::undo);
     connect(actions, &WindowActions::exportWanted, this,
-            [this] { performSettled(&VantryStore::exportBackup); });
+            [this] { backup->start([this] { store.exportBackup(); }); });
     connect(actions, &WindowActions::importWanted, this,
-            [this] { performSettled(&VantryStore::importBackup); });
+            [this] { backup->start([this] { store.importBackup(); }); });
     connect(actions, &WindowActions::quitWanted, this, &RootView::close);
     connect(sidebar, &Sidebar::routePressed, this, &RootView::go);
     connect(sidebar, &Sidebar::newProjectPressed, newProject, &NewProjectSheet::start);
@@ -196,10 +198,10 @@ void RootView::perform(const std::function<void()>& action) {
     contain(store, action);
 }
 
-void RootView::performSettled(void (VantryStore::*operation)()) {
-    perform([this, operation] {
+void RootView::undo() {
+    perform([this] {
         commitComposition();
-        (store.*operation)();
+        store.undo();
     });
 }
 

@@ -21,6 +21,7 @@ class Banner;
 class CrumbBar;
 class NewProjectSheet;
 class Page;
+class PanelOperation;
 class Sidebar;
 class StatusLine;
 class StoreAlert;
@@ -59,8 +60,7 @@ private:
     void createProject();
     /// Runs what the person asked for; nothing that it throws gets further.
     void perform(const std::function<void()>& action);
-    /// Runs an operation that takes all texts as they are, the one being composed too.
-    void performSettled(void (VantryStore::*operation)());
+    void undo();
     [[nodiscard]] bool flush();
     void endSoon();
 
@@ -72,6 +72,7 @@ private:
     Appearance* appearance = nullptr;
     VantryMotionPreference* motion = nullptr;
     WindowActions* actions = nullptr;
+    PanelOperation* backup = nullptr;
     Sidebar* sidebar = nullptr;
     Banner* banner = nullptr;
     CrumbBar* crumbBar = nullptr;

@@ -17,6 +17,11 @@ protected:
         panels.choice = backup();
     }
     [[nodiscard]] std::filesystem::path backup() const { return folder / "day.vantry"; }
+    [[nodiscard]] QAction& actionOf(const QString& entry) const {
+        const QList<QAction*> actions = window->menuBar()->findChildren<QAction*>();
+        return **std::find_if(actions.cbegin(), actions.cend(),
+                              [&](const QAction* action) { return action->text() == entry; });
+    }
     /// Reads the alert on screen, presses its button and answers its title and text.
     [[nodiscard]] std::pair<QString, QString> readAlert() const {
         auto* alert = topmost<AlertSheet>();
@@ -156,6 +161,24 @@ TEST_F(BackupMenuTest, WhatChangesWhileThePanelIsOpenIsPartOfTheImport) {
     choose(importEntry);
     EXPECT_EQ(readNotice(), QStringLiteral("合并完成：新增 0，相同保留 3，不同版本保留 1。"));
     EXPECT_EQ(takeRecord().stars, 5);
+}
+
+TEST_F(BackupMenuTest, APanelHoldsNobodyUpAndIsOne) {
+    for (const QString& entry : {exportEntry, importEntry}) {
+        panels.asked.clear();
+        QAction& action = actionOf(entry);
+        action.trigger();
+        actionOf(importEntry).trigger();
+        EXPECT_TRUE(panels.asked.empty()) << "what pressed it goes on at once";
+        settle();
+        EXPECT_EQ(panels.asked.size(), 1U);
+        (void)readAlert();
+    }
+    window->close();
+    actionOf(exportEntry).trigger();
+    settle();
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(panels.asked.size(), 1U) << "nor does it open without a window";
 }
 
 TEST_F(BackupMenuTest, ALibraryThatCannotBeReadOffersNeither) {

@@ -120,6 +120,19 @@ TEST_F(ExportMenuTest, ProposesNoNameThatADiskRefuses) {
     EXPECT_TRUE(panels.suggested.ends_with("夜-Report.pdf"));
 }
 
+TEST_F(ExportMenuTest, ProposesANameWithoutTheSignsOfAPath) {
+    makeSheets({20});
+    setTitle("a/b");
+    std::vector<std::string> proposed;
+    for (const auto& choose : std::vector<std::function<void()>>{[this] { press(0); }, [this] { press(1); },
+                                                                 [this] { pressCallSheet(0); }}) {
+        choose();
+        proposed.push_back(panels.suggested);
+    }
+    EXPECT_EQ(proposed, (std::vector<std::string>{"a-b-Storyboard.pdf", "a-b-Report.pdf",
+                                                  "a-b-2026-03-21-CallSheet.pdf"}));
+}
+
 TEST_F(ExportMenuTest, SavesWhatWasTypedFirst) {
     setTitle("Typed just now");
     ASSERT_TRUE(store->hasUnsavedChanges());
@@ -174,6 +187,7 @@ TEST_F(ExportMenuTest, IsFoundByAssistiveToolsWhileItIsOpen) {
     ASSERT_EQ(spoken->childCount(), 1);
     QAccessibleInterface* menu = spoken->child(0);
     EXPECT_EQ(menu->role(), QAccessible::PopupMenu);
+    EXPECT_EQ(menu->text(QAccessible::Name), QStringLiteral("导出 PDF"));
     EXPECT_EQ(spoken->indexOfChild(menu), 0);
     ASSERT_EQ(menu->childCount(), 3);
     EXPECT_EQ(menu->child(1)->text(QAccessible::Name), QStringLiteral("拍摄报告 PDF · 给导演"));
@@ -181,11 +195,66 @@ TEST_F(ExportMenuTest, IsFoundByAssistiveToolsWhileItIsOpen) {
     ASSERT_EQ(sheets->childCount(), 1);
     EXPECT_EQ(sheets->child(0)->text(QAccessible::Name), QStringLiteral("2026-03-21 · 第 0 版 & more"));
     menu->child(0)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(panels.asked.empty()) << "the tool goes on at once";
+    EXPECT_NE(QApplication::activePopupWidget(), nullptr);
+    panels.whileOpen = [] { EXPECT_EQ(QApplication::activePopupWidget(), nullptr); };
     settle();
     EXPECT_EQ(panels.suggested, "候车室-Storyboard.pdf");
-    QApplication::activePopupWidget()->close();
-    settle();
     EXPECT_EQ(spoken->childCount(), 0);
+}
+
+TEST_F(ExportMenuTest, OpensOnePanelHoweverOftenItIsAsked) {
+    makeSheets({20});
+    QMenu& menu = openMenu();
+    QAction* plan = menu.actions().at(0);
+    QAction* sheet = callSheets(menu).actions().at(0);
+    panels.whileOpen = [&] {
+        sheet->trigger();
+        settle();
+    };
+    plan->trigger();
+    plan->trigger();
+    sheet->trigger();
+    settle();
+    EXPECT_EQ(panels.asked.size(), 1U);
+    EXPECT_EQ(panels.suggested, "候车室-Storyboard.pdf");
+    panels.whileOpen = {};
+    press(1);
+    EXPECT_EQ(panels.suggested, "候车室-Report.pdf") << "and again afterwards";
+}
+
+TEST_F(ExportMenuTest, WhatIsLeftBeforeThePanelOpensOpensNone) {
+    QAction* plan = openMenu().actions().at(0);
+    plan->trigger();
+    window->go(Route::library());
+    settle();
+    EXPECT_TRUE(panels.asked.empty());
+    go(Route::project(project));
+    plan = openMenu().actions().at(0);
+    plan->trigger();
+    store->removeProject(project);
+    settle();
+    EXPECT_TRUE(panels.asked.empty());
+    EXPECT_FALSE(store->error());
+}
+
+TEST_F(ExportMenuTest, AWindowThatClosesOpensNoPanel) {
+    QAction* plan = openMenu().actions().at(0);
+    window->close();
+    plan->trigger();
+    settle();
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_TRUE(panels.asked.empty());
+}
+
+TEST_F(ExportMenuTest, APageThatGoesWhileItsPanelIsOpenIsNotMissed) {
+    panels.whileOpen = [this] {
+        window->go(Route::library());
+        settle();
+    };
+    press(0);
+    EXPECT_TRUE(isPDF());
+    EXPECT_EQ(route(), Route::library());
 }
 
 TEST_F(ExportMenuTest, OpensByTheKeyboardAndClosesByEscape) {
