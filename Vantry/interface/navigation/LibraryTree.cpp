@@ -13,16 +13,45 @@
 #include "Vantry/interface/design/KeyboardFocus.h"
 #include "Vantry/interface/design/Metrics.h"
 #include "Vantry/interface/design/Palette.h"
+#include "Vantry/interface/design/VantryMotion.h"
 #include "Vantry/interface/navigation/DisclosureLayer.h"
 #include "Vantry/interface/navigation/NavigationAccessibility.h"
 #include "Vantry/interface/navigation/TreeRowDelegate.h"
 
 namespace vantry {
+namespace {
+
+/// Whether the key is there to move among the rows, to open or to press one; not one that is only held with
+/// others.
+bool isForRows(int key) {
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+    case Qt::Key_Right:
+    case Qt::Key_Left:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Plus:
+    case Qt::Key_Minus:
+    case Qt::Key_Asterisk:
+        return true;
+    default:
+        return false;
+    }
+}
+
+}  // namespace
 
 LibraryTree::LibraryTree(QWidget* parent)
     : QTreeView(parent)
-    , hovered(*viewport())
-    , chosen(*viewport())
+    , hovered(*viewport(), VantryMotion::selection())
+    , chosen(*viewport(), VantryMotion::selection())
+    , pressed(*viewport(), VantryMotion::feedback())
     , layer(new DisclosureLayer(*viewport(), &Palette::navigation)) {
     installNavigationAccessibility();
     setItemDelegate(new TreeRowDelegate(this));
@@ -155,14 +184,21 @@ int LibraryTree::shownRows() const {
 void LibraryTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const {
     const QRectF surface(0, option.rect.top(), viewport()->width(), option.rect.height());
+    const Palette& palette = Palette::of(*this);
+    const ControlState state{.hovered = hovered.strength(index),
+                             .pressed = pressed.strength(index),
+                             .selected = chosen.strength(index)};
+    const qreal opacity = VantryRowButtonStyle::look(palette, state).opacity;
+    paintAsOne(*painter, surface, opacity, 1, [&](QPainter& inside) {
+        VantryRowButtonStyle::paint(inside, surface, palette, state);
+        QTreeView::drawRow(&inside, option, index);
+    });
+    if (!hasFocus() || !cameByKeyboard || index != currentIndex())
+        return;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    VantryRowButtonStyle::paint(*painter, surface, Palette::of(*this),
-                                {.hovered = hovered.strength(index), .selected = chosen.strength(index)});
-    if (hasFocus() && cameByKeyboard && index == currentIndex())
-        paintRing(*painter, surface, Metrics::radiusControl, Palette::of(*this).link);
+    paintRing(*painter, surface, Metrics::radiusControl, palette.link);
     painter->restore();
-    QTreeView::drawRow(painter, option, index);
 }
 
 void LibraryTree::drawBranches(QPainter* painter, const QRect& place, const QModelIndex& index) const {
@@ -182,8 +218,9 @@ void LibraryTree::drawBranches(QPainter* painter, const QRect& place, const QMod
 }
 
 void LibraryTree::keyPressEvent(QKeyEvent* event) {
-    cameByKeyboard = true;
-    viewport()->update();
+    const QPersistentModelIndex before = currentIndex();
+    if (isForRows(event->key()))
+        showKeyboard();
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     switch (event->key()) {
     case Qt::Key_Return:
@@ -204,6 +241,14 @@ void LibraryTree::keyPressEvent(QKeyEvent* event) {
         break;
     }
     QTreeView::keyPressEvent(event);
+    // The first letters of a title lead to it.
+    if (currentIndex() != before)
+        showKeyboard();
+}
+
+void LibraryTree::showKeyboard() {
+    cameByKeyboard = true;
+    viewport()->update();
 }
 
 bool LibraryTree::isOnChevron(const QPoint& place) const {
@@ -220,7 +265,25 @@ bool LibraryTree::takesPress(QMouseEvent& event) {
     pressTaken = event.button() == Qt::LeftButton && isOnChevron(event.position().toPoint());
     if (pressTaken)
         toggle(indexAt(event.position().toPoint()));
+    held =
+        event.button() == Qt::LeftButton && !pressTaken ? indexAt(event.position().toPoint()) : QModelIndex();
+    showPressed(event.position().toPoint());
     return pressTaken;
+}
+
+void LibraryTree::showPressed(const QPoint& place) {
+    const bool over = held.isValid() && held.flags().testFlag(Qt::ItemIsEnabled) && indexAt(place) == held;
+    pressed.moveTo(over ? QModelIndex(held) : QModelIndex());
+}
+
+void LibraryTree::showReleased() {
+    held = QPersistentModelIndex();
+    pressed.moveTo({});
+}
+
+void LibraryTree::mouseMoveEvent(QMouseEvent* event) {
+    showPressed(event->position().toPoint());
+    QTreeView::mouseMoveEvent(event);
 }
 
 void LibraryTree::mousePressEvent(QMouseEvent* event) {
@@ -234,6 +297,7 @@ void LibraryTree::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void LibraryTree::mouseReleaseEvent(QMouseEvent* event) {
+    showReleased();
     // The press was no press on the row, so this is no click on it.
     if (!std::exchange(pressTaken, false))
         QTreeView::mouseReleaseEvent(event);
@@ -269,6 +333,9 @@ bool LibraryTree::viewportEvent(QEvent* event) {
         hovered.moveTo(under.flags().testFlag(Qt::ItemIsEnabled) ? under : QModelIndex());
     } else if (event->type() == QEvent::HoverLeave) {
         hovered.moveTo({});
+    } else if (event->type() == QEvent::WindowDeactivate) {
+        // The release belongs to the window that comes.
+        showReleased();
     }
     return QTreeView::viewportEvent(event);
 }

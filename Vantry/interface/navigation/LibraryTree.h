@@ -54,6 +54,7 @@ protected:
     void drawBranches(QPainter* painter, const QRect& place, const QModelIndex& index) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -66,9 +67,14 @@ protected:
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
 private:
+    /// Shows from now on where the keyboard is.
+    void showKeyboard();
     /// Whether a click there is on what opens the row.
     [[nodiscard]] bool isOnChevron(const QPoint& place) const;
     [[nodiscard]] bool takesPress(QMouseEvent& event);
+    /// Shows the row that the button went down on as pressed, for as long as the pointer is over it.
+    void showPressed(const QPoint& place);
+    void showReleased();
     /// Runs `change`, which opens or closes `index`, and shows how it does.
     void disclose(const QModelIndex& index, const std::function<void()>& change);
     /// The same for many rows at once.
@@ -76,8 +82,10 @@ private:
 
     MovingFill hovered;
     MovingFill chosen;
+    MovingFill pressed;
     DisclosureLayer* layer;
     QPersistentModelIndex disclosed;  ///< the row that opens or closes
+    QPersistentModelIndex held;       ///< the row that the button went down on
     bool cameByKeyboard = false;
     bool pressTaken = false;
 };

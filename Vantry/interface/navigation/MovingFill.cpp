@@ -1,12 +1,10 @@
 #include "Vantry/interface/navigation/MovingFill.h"
 
-#include "Vantry/interface/design/VantryMotion.h"
-
 namespace vantry {
 
-MovingFill::MovingFill(QWidget& viewport)
-    : arriving(viewport, VantryMotion::selection())
-    , leaving(viewport, VantryMotion::selection()) {}
+MovingFill::MovingFill(QWidget& viewport, const VantryMotion& motion)
+    : arriving(viewport, motion)
+    , leaving(viewport, motion) {}
 
 void MovingFill::moveTo(const QModelIndex& row) {
     if (row == here)

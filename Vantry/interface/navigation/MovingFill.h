@@ -6,12 +6,14 @@
 
 namespace vantry {
 
+struct VantryMotion;
+
 /// What marks one row of a view at a time, such as the one under the pointer: when it goes to another row it
 /// fades in there and out where it was.
 class MovingFill final {
 public:
-    /// The rows are painted on `viewport`, which must outlive this.
-    explicit MovingFill(QWidget& viewport);
+    /// The rows are painted on `viewport`, which must outlive this; `motion` too.
+    MovingFill(QWidget& viewport, const VantryMotion& motion);
 
     /// An invalid row is none.
     void moveTo(const QModelIndex& row);

@@ -1,5 +1,7 @@
 // What is open in the sidebar's tree, where it is scrolled, and how it shows both.
 
+#include <algorithm>
+
 #include <QMouseEvent>
 #include <QScrollBar>
 
@@ -28,6 +30,25 @@ protected:
         for (int count = 0; count < 40; ++count)
             store->addAct(store->addProject(Text("Production " + std::to_string(count)), ""));
         settle();
+    }
+    [[nodiscard]] QImage pictureOf(const QModelIndex& row) const {
+        return tree().viewport()->grab(tree().visualRect(row)).toImage();
+    }
+    /// At least so much lighter a text is on a row that is pressed.
+    static constexpr int fainter = 20;
+    /// How light the darkest point of the picture is: one of its texts.
+    static int darkest(const QImage& picture) {
+        int least = 255;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                least = std::min(least, picture.pixelColor(x, y).lightness());
+        return least;
+    }
+    /// Moves the pointer there with the button down.
+    void sendMove(const QPoint& place) const {
+        QMouseEvent move(QEvent::MouseMove, place, tree().viewport()->mapToGlobal(place), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QApplication::sendEvent(tree().viewport(), &move);
     }
     void clickAt(const QModelIndex& row, int x) const {
         QTest::mouseClick(tree().viewport(), Qt::LeftButton, {},
@@ -219,6 +240,97 @@ TEST_F(SidebarTreeTest, NothingIsShownWithReducedMotion) {
     QTest::mouseClick(&get<QAbstractButton>(QStringLiteral("全部展开")), Qt::LeftButton);
     EXPECT_FALSE(layer().isVisible());
     EXPECT_TRUE(isOpen(shotRoute()));
+}
+
+TEST_F(SidebarTreeTest, ARowIsShownPressedWhileTheButtonIsDownOnIt) {
+    VantryMotionPreference still;
+    still.setChoice(true);
+    click(QStringLiteral("全部展开"));
+    const QModelIndex row = rowOf(Route::act(project, act));
+    const QPoint onRow = tree().visualRect(row).center();
+    const QPoint onOther = tree().visualRect(rowOf(shotRoute())).center();
+    const QImage atRest = pictureOf(row);
+    QTest::mousePress(tree().viewport(), Qt::LeftButton, {}, onRow);
+    const QImage down = pictureOf(row);
+    EXPECT_GT(darkest(down), darkest(atRest) + fainter) << "the texts too";
+    sendMove(onOther);
+    EXPECT_EQ(darkest(pictureOf(row)), darkest(atRest)) << "let go here, it is no click";
+    sendMove(onRow);
+    EXPECT_EQ(darkest(pictureOf(row)), darkest(down));
+    QTest::mouseRelease(tree().viewport(), Qt::LeftButton, {}, onRow);
+    settle();
+    EXPECT_EQ(route(), Route::act(project, act));
+    EXPECT_EQ(darkest(pictureOf(row)), darkest(atRest));
+}
+
+TEST_F(SidebarTreeTest, OnlyWhatCanBePressedIsShownPressed) {
+    VantryMotionPreference still;
+    still.setChoice(true);
+    store->updateShot(project, act, shot, [](Shot& record) { record.cancelled = true; });
+    click(QStringLiteral("全部展开"));
+    const auto staysDark = [&](const QModelIndex& row, const QPoint& place, Qt::MouseButton button) {
+        const int before = darkest(pictureOf(row));
+        QTest::mousePress(tree().viewport(), button, {}, place);
+        const bool stays = darkest(pictureOf(row)) == before;
+        QTest::mouseRelease(tree().viewport(), button, {}, place);
+        settle();
+        return stays;
+    };
+    const QModelIndex off = tree().model()->index(1, 0, rowOf(shotRoute()));
+    ASSERT_FALSE(off.flags().testFlag(Qt::ItemIsEnabled));
+    EXPECT_TRUE(staysDark(off, tree().visualRect(off).center(), Qt::LeftButton));
+    const QModelIndex row = rowOf(Route::act(project, act));
+    EXPECT_TRUE(staysDark(row, tree().visualRect(row).center(), Qt::RightButton));
+    EXPECT_TRUE(staysDark(row, {20, tree().visualRect(row).center().y()}, Qt::LeftButton)) << "its sign";
+}
+
+TEST_F(SidebarTreeTest, BeingPressedMovesAndEnds) {
+    const QModelIndex row = rowOf(Route::project(project));
+    const int atRest = darkest(pictureOf(row));
+    const QPoint place = tree().visualRect(row).center();
+    QTest::mousePress(tree().viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(darkest(pictureOf(row)), atRest) << "not all at once";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return darkest(pictureOf(row)) > atRest + fainter; }));
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return darkest(pictureOf(row)) == atRest; }))
+        << "the release went there";
+}
+
+TEST_F(SidebarTreeTest, AKeyThatDoesNothingHereShowsNoRing) {
+    VantryMotionPreference still;
+    still.setChoice(true);
+    const QModelIndex row = rowOf(Route::project(project));
+    go(Route::project(project));
+    tree().setCurrentIndex(row);
+    tree().setFocus(Qt::MouseFocusReason);
+    const QImage without = pictureOf(row);
+    for (const Qt::Key key : {Qt::Key_Control, Qt::Key_Shift, Qt::Key_Alt, Qt::Key_Meta, Qt::Key_CapsLock,
+                              Qt::Key_F5, Qt::Key_Escape}) {
+        press(key);
+        EXPECT_EQ(pictureOf(row), without) << key;
+    }
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Home, Qt::Key_Left, Qt::Key_Space}) {
+        tree().clearFocus();
+        tree().setFocus(Qt::MouseFocusReason);
+        ASSERT_EQ(pictureOf(row), without);
+        press(key);
+        EXPECT_NE(pictureOf(row), without) << key;
+    }
+}
+
+TEST_F(SidebarTreeTest, TheFirstLetterOfATitleLeadsToItAndShowsSo) {
+    store->addProject("Zebra", "");
+    settle();
+    tree().setCurrentIndex(rowOf(Route::project(project)));
+    tree().setFocus(Qt::MouseFocusReason);
+    const QModelIndex row = tree().model()->index(1, 0);
+    const QImage without = pictureOf(row);
+    QTest::keyClick(&tree(), 'z');
+    EXPECT_EQ(tree().currentIndex(), row);
+    EXPECT_NE(pictureOf(row), without);
 }
 
 TEST_F(SidebarTreeTest, TheKeyboardBeginsAtThePlaceOnScreen) {
