@@ -15,8 +15,8 @@ namespace vantry {
 /// `plain` as the text of hover help: shown letter by letter even where it looks like markup.
 [[nodiscard]] QString asHelp(const QString& plain);
 
-/// Shows `plain` as hover help and gives it to assistive tools as the widget's description. The empty text
-/// shows none.
+/// Shows `plain` as hover help and, where it says more than the widget's name, gives it to assistive tools as
+/// the description: set the name first. The empty text shows none.
 void setHelp(QWidget& widget, const QString& plain);
 
 }  // namespace vantry

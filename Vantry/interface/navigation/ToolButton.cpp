@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include "Vantry/interface/design/ControlStates.h"
+#include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/FocusRing.h"
 #include "Vantry/interface/design/VantryMotion.h"
 
@@ -24,8 +25,10 @@ ToolButton::ToolButton(QAction& action, Glyph sign, QWidget* parent)
 }
 
 void ToolButton::takeName() {
-    // The action's text is one of ours and has no doubled "&". Qt shows it as hover help by itself.
+    // The action's text is one of ours and has no doubled "&". Qt made a tool tip of it, which tools would
+    // read out behind the same name.
     setAccessibleName(defaultAction()->text());
+    setHelp(*this, defaultAction()->text());
 }
 
 QSize ToolButton::sizeHint() const {

@@ -12,6 +12,7 @@
 #include "Vantry/interface/design/StarRating.h"
 #include "Vantry/interface/design/VantryType.h"
 #include "Vantry/interface/design/VantryWorkLayout.h"
+#include "tests/interface/design/HelpOver.h"
 
 namespace vantry::test {
 namespace {
@@ -164,6 +165,21 @@ TEST(ControlsTest, HoverHelpIsSpokenWithoutItsMarkup) {
     EXPECT_EQ(spoken(button).text(QAccessible::Description), name);
     setHelp(button, {});
     EXPECT_TRUE(button.toolTip().isEmpty());
+}
+
+TEST(ControlsTest, HoverHelpThatIsTheNameIsForTheEyesAlone) {
+    Button button(Button::Kind::crumb);
+    button.setPlain(name);
+    setHelp(button, name);
+    EXPECT_EQ(helpOver(button), asHelp(name));
+    EXPECT_EQ(spoken(button).text(QAccessible::Name), name);
+    EXPECT_TRUE(spoken(button).text(QAccessible::Description).isEmpty());
+    const QString more = QStringLiteral("Says more");
+    setHelp(button, more);
+    EXPECT_EQ(helpOver(button), asHelp(more));
+    EXPECT_EQ(spoken(button).text(QAccessible::Description), more);
+    setHelp(button, {});
+    EXPECT_TRUE(helpOver(button).isEmpty());
 }
 
 }  // namespace

@@ -3,9 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
-#include <QHelpEvent>
 #include <QTest>
-#include <QToolTip>
 #include <QVBoxLayout>
 
 #include "Vantry/interface/design/Button.h"
@@ -22,6 +20,7 @@
 #include "Vantry/interface/design/StatusPill.h"
 #include "Vantry/interface/design/WorkspaceHeading.h"
 #include "Vantry/interface/design/WorkspaceMetric.h"
+#include "tests/interface/design/HelpOver.h"
 
 namespace vantry::test {
 namespace {
@@ -32,13 +31,6 @@ const QString endless =
 
 QString nameOf(QWidget& widget) {
     return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name);
-}
-
-/// What hovering over the widget shows; empty when it shows nothing.
-QString helpOver(QWidget& widget) {
-    QHelpEvent event(QEvent::ToolTip, QPoint(2, 2), widget.mapToGlobal(QPoint(2, 2)));
-    QApplication::sendEvent(&widget, &event);
-    return event.isAccepted() ? QToolTip::text() : QString();
 }
 
 /// Lays `part` out alone in a window of that width, at its own height.

@@ -9,12 +9,14 @@
 #include <QPushButton>
 #include <QScopeGuard>
 
+#include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/Sheet.h"
 #include "Vantry/interface/design/TabularLabel.h"
 #include "Vantry/interface/navigation/Banner.h"
 #include "Vantry/interface/navigation/CrumbBar.h"
 #include "Vantry/interface/navigation/StatusLine.h"
 #include "Vantry/interface/navigation/ToolBar.h"
+#include "tests/interface/design/HelpOver.h"
 #include "tests/interface/window/WindowFixture.h"
 
 namespace vantry::test {
@@ -34,6 +36,9 @@ protected:
             if (button->isVisible())
                 shown.push_back(button);
         return shown;
+    }
+    static QString descriptionOf(QWidget& widget) {
+        return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Description);
     }
     [[nodiscard]] int left(const QWidget& widget) const { return widget.mapTo(window.get(), QPoint()).x(); }
     [[nodiscard]] int right(const QWidget& widget) const { return left(widget) + widget.width(); }
@@ -83,7 +88,8 @@ TEST_F(FrameTest, CrumbsAreExactInEveryWay) {
         EXPECT_EQ(QAccessible::queryAccessibleInterface(crumb)->text(QAccessible::Name),
                   expected[static_cast<int>(at)]);
         EXPECT_TRUE(crumb->isEnabled());
-        EXPECT_FALSE(crumb->toolTip().contains(QLatin1String("<b>"))) << "escaped";
+        EXPECT_EQ(helpOver(*crumb), asHelp(expected[static_cast<int>(at)])) << "escaped";
+        EXPECT_TRUE(descriptionOf(*crumb).isEmpty()) << "its name is not told twice";
     }
     int slashes = 0;
     for (auto* label : part<CrumbBar>().findChildren<Label*>())
@@ -142,9 +148,10 @@ TEST_F(FrameTest, TheBarsHaveTheirMeasures) {
     EXPECT_EQ(part<StatusLine>().height(), 28);
     const int start = left(part<ToolBar>());
     for (const QString name : {"返回", "资料库", "撤销结构修改", "保存"}) {
-        const auto& button = get<QAbstractButton>(name, &part<ToolBar>());
+        auto& button = get<QAbstractButton>(name, &part<ToolBar>());
         EXPECT_EQ(button.size(), QSize(44, 40));
-        EXPECT_EQ(button.toolTip(), name) << "always hover help, since there is no word";
+        EXPECT_EQ(helpOver(button), asHelp(name)) << "always hover help, since there is no word";
+        EXPECT_TRUE(descriptionOf(button).isEmpty()) << "its name is not told twice";
     }
     EXPECT_EQ(left(get<QAbstractButton>(QStringLiteral("返回"))), start + 16);
     EXPECT_EQ(right(get<QAbstractButton>(QStringLiteral("保存"))), right(part<ToolBar>()) - 16);

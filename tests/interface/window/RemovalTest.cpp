@@ -3,7 +3,9 @@
 #include <QPushButton>
 #include <QToolButton>
 
+#include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/Sheet.h"
+#include "tests/interface/design/HelpOver.h"
 #include "tests/interface/window/WindowFixture.h"
 
 namespace vantry::test {
@@ -246,7 +248,7 @@ TEST_F(RemovalTest, TheUndoIsOneActionAndUsableWhenThereIsSomethingToUndo) {
     EXPECT_THROW(choose(undoButton), std::runtime_error) << "nor by the menu";
     store->setLanguage("en");
     settle();
-    EXPECT_EQ(button.toolTip(), QStringLiteral("Undo structure change"));
+    EXPECT_EQ(helpOver(button), asHelp(QStringLiteral("Undo structure change")));
     EXPECT_TRUE(
         get<QToolButton>(QStringLiteral("Undo structure change")).defaultAction()->shortcut().isEmpty())
         << "that key belongs to texts";
