@@ -20,7 +20,7 @@ EmptyViewCard::EmptyViewCard(Glyph sign, QWidget* parent)
     column->setContentsMargins(Metrics::paddingEmpty,
                                Metrics::paddingEmpty + Metrics::iconEmpty + Metrics::gapEmpty,
                                Metrics::paddingEmpty, Metrics::paddingEmpty);
-    column->setSpacing(Metrics::gapInline);
+    column->setSpacing(Metrics::gapEmpty);
     for (Label* line : {title, subtitle}) {
         line->setMaximumWidth(Metrics::emptyTextWidth);
         line->setAlignment(Qt::AlignHCenter);

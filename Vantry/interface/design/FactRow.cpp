@@ -22,8 +22,7 @@ FactRow::FactRow(Edge edge, QWidget* parent)
     , inset(edge == Edge::card ? Metrics::paddingCard : 0)
     , above(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this))
     , name(new Label(VantryType::Role::emphasis, &Palette::ink, Label::Length::cut, this))
-    , below(new Label(factsOf(edge), edge == Edge::card ? &Palette::muted : &Palette::ink, Label::Length::cut,
-                      this))
+    , below(new Label(factsOf(edge), &Palette::muted, Label::Length::cut, this))
     , further(new Label(factsOf(edge), &Palette::muted, Label::Length::cut, this))
     , remark(new Label(VantryType::Role::label, &Palette::muted, Label::Length::cut, this)) {
     auto* lines = new QVBoxLayout;
@@ -53,6 +52,7 @@ void FactRow::setContent(const Content& content) {
     show(*below, content.below);
     show(*further, content.further);
     show(*remark, content.remark);
+    below->setColour(content.belowLeads ? &Palette::ink : &Palette::muted);
     name->setColour(content.isUnset ? &Palette::muted : &Palette::ink);
     if (glyph == content.glyph)
         return;

@@ -21,7 +21,8 @@ public:
         QString below{};
         QString further{};  ///< a second line below
         QString remark{};
-        bool isUnset = false;  ///< `name` only says that there is none
+        bool isUnset = false;     ///< `name` only says that there is none
+        bool belowLeads = false;  ///< `below` is what the row is looked at for
     };
 
     /// Where the row stands: in a list's card, away from its border and with small facts, or as the text of a

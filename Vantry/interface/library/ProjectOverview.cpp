@@ -141,6 +141,7 @@ void ProjectOverview::fillSummaries(const Project& project) {
     FactRow::Content sheet{Glyph::document, QString(), QStringLiteral("Call Sheet")};
     if (const CallSheet* next = nextCallSheet(project, store().now())) {
         sheet.below = QString::fromStdString(longDay(next->date, next->calendar().zone(), store().english()));
+        sheet.belowLeads = true;
         sheet.further = joinedFacts({toQString((*next)["generalCall"]), toQString((*next)["location"])});
     } else {
         sheet.below = text(u"还没有通告单", u"No call sheets yet");

@@ -214,7 +214,11 @@ TEST(EmptyViewCard, KeepsItsTextsNarrowAndCentred) {
         EXPECT_NEAR(label->mapTo(card, label->rect().center()).x(), card->rect().center().x(), 1);
         EXPECT_EQ(label->height(), label->heightForWidth(label->width())) << "nothing is clipped";
     }
-    EXPECT_EQ(card->findChildren<Label*>()[0]->mapTo(card, QPoint()).y(), 40 + 27 + 18);
+    auto* title = card->findChildren<Label*>()[0];
+    auto* subtitle = card->findChildren<Label*>()[1];
+    EXPECT_EQ(title->mapTo(card, QPoint()).y(), 40 + 27 + 18);
+    EXPECT_EQ(subtitle->mapTo(card, QPoint()).y(), title->mapTo(card, QPoint(0, title->height())).y() + 18);
+    EXPECT_EQ(card->height(), subtitle->mapTo(card, QPoint(0, subtitle->height())).y() + 40);
 }
 
 TEST(Card, ShowsItsTitleOnlyWhenItHasOne) {
@@ -316,6 +320,32 @@ TEST(FactRow, HasItsSignBesideTheFirstTwoOfThreeLines) {
     const int nameAndBelow = VantryType::lineHeight(VantryType::Role::emphasis) + line;
     const int besideTwo = (row->height() - nameAndBelow - line) / 2 + nameAndBelow / 2;
     EXPECT_NEAR(middleOfSign(), besideTwo, 2);
+}
+
+TEST(FactRow, HasItsFactsMutedButForWhatItIsLookedAtFor) {
+    QWidget window;
+    auto* row = new FactRow(FactRow::Edge::text);
+    FactRow::Content content;
+    content.name = QStringLiteral("Crew & cast");
+    content.below = QStringLiteral("18 crew · 9 cast");
+    row->setContent(content);
+    show(window, row, 300);
+    const auto darkest = [row] {
+        QImage image;
+        for (auto* label : row->findChildren<Label*>())
+            if (label->text() == QStringLiteral("18 crew · 9 cast"))
+                image = label->grab().toImage();
+        int least = 255;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                least = std::min(least, image.pixelColor(x, y).lightness());
+        return least;
+    };
+    const Palette& palette = Palette::of(*row);
+    EXPECT_NEAR(darkest(), palette.muted.lightness(), 5);
+    content.belowLeads = true;
+    row->setContent(content);
+    EXPECT_NEAR(darkest(), palette.ink.lightness(), 5);
 }
 
 TEST(LinkCard, GrowsWithItsDetailAndSpeaksIt) {
