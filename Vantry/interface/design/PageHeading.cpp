@@ -6,13 +6,14 @@
 
 #include "Vantry/interface/design/Label.h"
 #include "Vantry/interface/design/Metrics.h"
+#include "Vantry/interface/design/VantryDesign.h"
 
 namespace vantry {
 
 PageHeading::PageHeading(Limits limits, QWidget* parent)
     : QWidget(parent)
     , eyebrow(new Label(VantryType::Role::caption, &Palette::muted, Label::Length::cut, this))
-    , title(new Label(VantryType::Role::title, &Palette::ink, Label::Length::wrapped, this))
+    , title(new Label(VantryDesign::title, &Palette::ink, Label::Length::wrapped, this))
     , subtitle(new Label(VantryType::Role::label, &Palette::muted, Label::Length::wrapped, this)) {
     title->setMostLines(limits.titleLines);
     subtitle->setMostLines(limits.subtitleLines);

@@ -18,6 +18,7 @@
 #include "Vantry/interface/design/PageHeading.h"
 #include "Vantry/interface/design/SectionLabel.h"
 #include "Vantry/interface/design/StatusPill.h"
+#include "Vantry/interface/design/VantryDesign.h"
 #include "Vantry/interface/design/WorkspaceHeading.h"
 #include "Vantry/interface/design/WorkspaceMetric.h"
 #include "tests/interface/design/HelpOver.h"
@@ -89,6 +90,15 @@ TEST(Label, LinesAreEquallyHighInBothScripts) {
     const int latin = label.heightForWidth(300);
     label.setPlain(QStringLiteral("资料库"));
     EXPECT_EQ(label.heightForWidth(300), latin);
+}
+
+TEST(PageHeading, IsInTheTitleOfTheDesign) {
+    EXPECT_EQ(VantryType::font(VantryDesign::title), VantryType::font(VantryType::Role::title));
+    PageHeading heading({1, 1});
+    const QFont shown = heading.findChildren<Label*>()[1]->font();
+    EXPECT_EQ(shown, VantryType::font(VantryDesign::title));
+    EXPECT_EQ(shown.pixelSize(), 24);
+    EXPECT_EQ(shown.weight(), QFont::DemiBold);
 }
 
 TEST(PageHeading, ALongTitleStaysWithinItsLines) {
