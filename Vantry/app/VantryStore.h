@@ -121,8 +121,8 @@ public:
     /// Asks where to keep a document, makes and writes it whole or not at all, opens it. Reports to `error`.
     void exportDocument(const std::string& suggestedName, const std::function<QByteArray()>& make);
     [[nodiscard]] Moment now() const { return around_.clock->now(); }
-    /// Saves 0.35 s from now, unless called again before.
-    void saveSoon();
+    [[nodiscard]] Clock& clock() const noexcept { return *around_.clock; }
+    void saveSoon();  ///< 0.35 s from now, unless called again before
     /// Saves now. Answers whether the disk holds the library; costs a comparison when nothing changed.
     bool flush();
 

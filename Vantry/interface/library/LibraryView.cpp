@@ -1,5 +1,8 @@
 #include "Vantry/interface/library/LibraryView.h"
 
+#include <algorithm>
+#include <chrono>
+
 #include "Vantry/app/QtText.h"
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Compose.h"
@@ -43,6 +46,8 @@ LibraryView::LibraryView(PageContext given, const std::function<void()>& startPr
     connect(newProject, &Button::clicked, this, performing([startProject](bool) { startProject(); }));
     connect(search, &LinkCard::clicked, this, performing([this](bool) { go(Route::search()); }));
 }
+
+LibraryView::~LibraryView() = default;
 
 QWidget* LibraryView::makeProductions() {
     empty = new EmptyViewCard(Glyph::folder);
@@ -104,6 +109,25 @@ void LibraryView::refresh() {
     noUpcoming->setVisible(shots.isEmpty());
     upcoming->setVisible(!shots.isEmpty());
     upcoming->setKeys(std::move(shots));
+    waitForEnd();
+}
+
+void LibraryView::waitForEnd() {
+    nextEnd.reset();
+    const auto endOf = [](const ShotLocation& location) { return *location.shot->scheduledEnd(); };
+    const auto first = std::min_element(next.begin(), next.end(), [&](const auto& one, const auto& other) {
+        return endOf(one) < endOf(other);
+    });
+    if (first == next.end())
+        return;
+    // The one that ends first goes behind its end. A machine that slept did not count, and a year may turn:
+    // so never wait for long.
+    constexpr std::chrono::milliseconds longest = std::chrono::hours(1);
+    const std::chrono::duration<double> left(endOf(*first).seconds - store().now().seconds);
+    const auto wait = left < longest
+                          ? std::chrono::ceil<std::chrono::milliseconds>(left) + std::chrono::milliseconds(1)
+                          : longest;
+    nextEnd = store().clock().callAfter(wait, [this] { context.refreshSoon(); });
 }
 
 void LibraryView::fillTexts() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 
 #include "Vantry/interface/pages/StorePage.h"
 #include "Vantry/schedule/rules/Locations.h"
@@ -8,6 +9,7 @@
 namespace vantry {
 
 class Button;
+class DelayedCall;
 class EmptyViewCard;
 class LazyCells;
 class LinkCard;
@@ -23,6 +25,7 @@ class LibraryView final : public StorePage {
 public:
     /// `startProject` opens the sheet for a new production.
     LibraryView(PageContext context, const std::function<void()>& startProject, QWidget* parent = nullptr);
+    ~LibraryView() override;
 
     void refresh() override;
 
@@ -30,11 +33,13 @@ private:
     [[nodiscard]] QWidget* makeProductions();
     [[nodiscard]] QWidget* makeUpcoming();
     void fillTexts();
+    void waitForEnd();
     void fillProduction(QWidget& card, const QByteArray& key) const;
     void fillUpcoming(QWidget& row, const QByteArray& key) const;
     [[nodiscard]] const ShotLocation* upcomingShot(const QByteArray& key) const;
 
     std::vector<ShotLocation> next;  ///< the shots that come up, as of the last refresh
+    std::unique_ptr<DelayedCall> nextEnd;
     WorkspaceHeading* heading = nullptr;
     Button* newProject = nullptr;
     WorkspaceMetrics* metrics = nullptr;

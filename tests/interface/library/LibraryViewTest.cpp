@@ -135,6 +135,34 @@ TEST_F(LibraryViewTest, WhatComesUpIsWhatIsNotOver) {
     EXPECT_FALSE(shows(QStringLiteral("暂无后续排期")));
 }
 
+TEST_F(LibraryViewTest, AShootGoesWhenItEndsWhileThePageStandsOpen) {
+    makeAct();
+    addShot("1", -0.25);
+    const Identifier second = addShot("2", 0.5);
+    addShot("far", 1000);
+    settle();
+    const QStringList all{"1 · Title", "2 · Title", "far · Title"};
+    const auto pass = [this](double hours) {
+        clock.advance(static_cast<long long>(hours * hour * 1000));
+        settle();
+    };
+    pass(0.25);
+    EXPECT_EQ(upcoming(), all) << "it ends now";
+    clock.advance(1);
+    settle();
+    EXPECT_EQ(upcoming(), all.mid(1));
+    store->updateShot(project, act, second,
+                      [&](Shot& record) { record.scheduledAt = Moment{store->now().seconds + 3 * hour}; });
+    settle();
+    pass(1);
+    EXPECT_EQ(upcoming(), all.mid(1)) << "it was put off";
+    pass(2.6);
+    EXPECT_EQ(upcoming(), all.mid(2));
+    pass(1200);
+    EXPECT_TRUE(upcoming().isEmpty());
+    EXPECT_TRUE(shows(QStringLiteral("暂无后续排期")));
+}
+
 TEST_F(LibraryViewTest, AShootThatIsMovedOrCancelledMovesOrGoes) {
     makeAct();
     const Identifier first = addShot("1", 1);
