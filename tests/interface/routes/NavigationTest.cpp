@@ -92,6 +92,27 @@ TEST_F(NavigationTest, BackWithoutAHistoryLeadsToTheLibrary) {
     EXPECT_EQ(places.route(), Route::library());
 }
 
+TEST_F(NavigationTest, ThePlaceIsToldBeforeItIsReached) {
+    Routes told;
+    Routes whereThen;
+    const Navigation* asked = nullptr;
+    Navigation telling([&](const Route& target) {
+        told.push_back(target);
+        whereThen.push_back(asked->route());
+    });
+    asked = &telling;
+    const auto saved = [] { return true; };
+    telling.go(project, saved);
+    telling.go(act, saved);
+    telling.goBack(saved);
+    telling.go(Route::library(), saved);
+    EXPECT_EQ(told, (Routes{project, act, project, Route::library()}));
+    EXPECT_EQ(whereThen, (Routes{Route::library(), project, act, project}));
+    telling.go(Route::library(), saved);
+    telling.go(project, [] { return false; });
+    EXPECT_EQ(told.size(), 4U) << "nobody leaves";
+}
+
 TEST_F(NavigationTest, TheOldestOfMoreThanAHundredEntriesGoes) {
     Routes visited;
     for (int count = 0; count < 101; ++count) {
