@@ -22,6 +22,11 @@
 namespace vantry {
 namespace {
 
+bool isOver(const CallSheet& sheet, Moment now) {
+    const auto day = sheet.calendar().day(sheet.date);
+    return day ? day->end <= now : sheet.date < now;
+}
+
 /// The first sheet whose day is not over, else the last one there is; null without sheets.
 const CallSheet* nextCallSheet(const Project& project, Moment now) {
     const CallSheet* next = nullptr;
@@ -29,9 +34,7 @@ const CallSheet* nextCallSheet(const Project& project, Moment now) {
     for (const CallSheet& sheet : project.callSheets()) {
         if (latest == nullptr || sheet.date >= latest->date)
             latest = &sheet;
-        const auto day = sheet.calendar().day(sheet.date);
-        const bool isOver = day ? day->end <= now : sheet.date < now;
-        if (!isOver && (next == nullptr || sheet.date < next->date))
+        if (!isOver(sheet, now) && (next == nullptr || sheet.date < next->date))
             next = &sheet;
     }
     return next != nullptr ? next : latest;
@@ -141,7 +144,7 @@ void ProjectOverview::fillSummaries(const Project& project) {
     FactRow::Content sheet{Glyph::document, QString(), QStringLiteral("Call Sheet")};
     if (const CallSheet* next = nextCallSheet(project, store().now())) {
         sheet.below = QString::fromStdString(longDay(next->date, next->calendar().zone(), store().english()));
-        sheet.belowLeads = true;
+        sheet.belowLeads = !isOver(*next, store().now());
         sheet.further = joinedFacts({toQString((*next)["generalCall"]), toQString((*next)["location"])});
     } else {
         sheet.below = text(u"还没有通告单", u"No call sheets yet");

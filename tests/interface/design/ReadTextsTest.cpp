@@ -21,6 +21,7 @@
 #include "Vantry/interface/design/VantryDesign.h"
 #include "Vantry/interface/design/WorkspaceHeading.h"
 #include "Vantry/interface/design/WorkspaceMetric.h"
+#include "tests/interface/design/Darkest.h"
 #include "tests/interface/design/HelpOver.h"
 
 namespace vantry::test {
@@ -340,22 +341,17 @@ TEST(FactRow, HasItsFactsMutedButForWhatItIsLookedAtFor) {
     content.below = QStringLiteral("18 crew · 9 cast");
     row->setContent(content);
     show(window, row, 300);
-    const auto darkest = [row] {
-        QImage image;
+    const auto darkestOfFacts = [row] {
         for (auto* label : row->findChildren<Label*>())
             if (label->text() == QStringLiteral("18 crew · 9 cast"))
-                image = label->grab().toImage();
-        int least = 255;
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                least = std::min(least, image.pixelColor(x, y).lightness());
-        return least;
+                return darkest(label->grab().toImage());
+        return 0;
     };
     const Palette& palette = Palette::of(*row);
-    EXPECT_NEAR(darkest(), palette.muted.lightness(), 5);
+    EXPECT_NEAR(darkestOfFacts(), palette.muted.lightness(), 5);
     content.belowLeads = true;
     row->setContent(content);
-    EXPECT_NEAR(darkest(), palette.ink.lightness(), 5);
+    EXPECT_NEAR(darkestOfFacts(), palette.ink.lightness(), 5);
 }
 
 TEST(LinkCard, GrowsWithItsDetailAndSpeaksIt) {

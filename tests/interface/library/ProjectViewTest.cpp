@@ -10,8 +10,10 @@
 #include "Vantry/interface/design/VantryDisclosure.h"
 #include "Vantry/interface/design/WorkspaceTabs.h"
 #include "Vantry/interface/library/PlanRows.h"
+#include "Vantry/interface/library/ProjectOverview.h"
 #include "Vantry/interface/library/ProjectTab.h"
 #include "Vantry/interface/pages/ShootTime.h"
+#include "tests/interface/design/Darkest.h"
 #include "tests/interface/library/DeskFixture.h"
 
 namespace vantry::test {
@@ -22,6 +24,25 @@ const QString people = QStringLiteral("剧组与演员");
 const QString callSheets = QStringLiteral("Call Sheet");
 const QString details = QStringLiteral("项目信息");
 const QString relatedFiles = QStringLiteral("相关资料");
+
+/// Does something at the moment when a part of the page goes.
+class OnHide final : public QObject {
+public:
+    OnHide(QWidget& part, std::function<void()> done)
+        : action(std::move(done)) {
+        part.installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Hide)
+            action();
+        return false;
+    }
+
+private:
+    const std::function<void()> action;
+};
 
 class ProjectViewTest : public DeskTest {
 protected:
@@ -202,6 +223,11 @@ TEST_F(ProjectViewTest, ATabThatGoesKeepsWhereItWasScrolled) {
     EXPECT_EQ(bar.value(), 0);
     tab(overview);
     EXPECT_EQ(bar.value(), left);
+    // Whatever moves while it goes is not where the person left it.
+    OnHide scrolling(*page().findChild<ProjectOverview*>(), [&] { bar.setValue(left / 2); });
+    tab(people);
+    tab(overview);
+    EXPECT_EQ(bar.value(), left);
 }
 
 TEST_F(ProjectViewTest, OnlyTheTabThatIsChosenCanBeReached) {
@@ -247,6 +273,19 @@ TEST_F(ProjectViewTest, TheNextCallSheetIsTheFirstWhoseDayIsNotOver) {
     expectShown({QString::fromStdString(longDay(today.date, today.calendar().zone(), false))});
     tab(callSheets);
     EXPECT_NE(find<Label>(page(), QStringLiteral("05:00 · Pier & <b>3</b>")), nullptr);
+}
+
+TEST_F(ProjectViewTest, OnlyADayToComeStandsOut) {
+    const Palette& palette = Palette::of(*window);
+    const auto darkestOfDay = [&](const CallSheet& sheet) {
+        const QString day = QString::fromStdString(longDay(sheet.date, sheet.calendar().zone(), false));
+        return darkest(get<Label>(day, &page()).grab().toImage());
+    };
+    setSheets({{-3, "05:00"}, {2, "17:00"}});
+    EXPECT_NEAR(darkestOfDay(record()->callSheets()[1]), palette.ink.lightness(), 5);
+    setSheets({{-9, "04:00"}, {-3, "05:00"}});
+    EXPECT_NEAR(darkestOfDay(record()->callSheets()[1]), palette.muted.lightness(), 5);
+    EXPECT_FALSE(shows(QStringLiteral("还没有通告单"))) << "there are some";
 }
 
 TEST_F(ProjectViewTest, FieldsWriteWhatIsTypedAndTheHeadingFollows) {

@@ -1,13 +1,12 @@
 // What is open in the sidebar's tree, where it is scrolled, and how it shows both.
 
-#include <algorithm>
-
 #include <QMouseEvent>
 #include <QScrollBar>
 
 #include "Vantry/interface/design/VantryMotionPreference.h"
 #include "Vantry/interface/navigation/DisclosureLayer.h"
 #include "Vantry/interface/navigation/LibraryTreeModel.h"
+#include "tests/interface/design/Darkest.h"
 #include "tests/interface/window/WindowFixture.h"
 
 namespace vantry::test {
@@ -36,14 +35,6 @@ protected:
     }
     /// At least so much lighter a text is on a row that is pressed.
     static constexpr int fainter = 20;
-    /// How light the darkest point of the picture is: one of its texts.
-    static int darkest(const QImage& picture) {
-        int least = 255;
-        for (int y = 0; y < picture.height(); ++y)
-            for (int x = 0; x < picture.width(); ++x)
-                least = std::min(least, picture.pixelColor(x, y).lightness());
-        return least;
-    }
     /// Moves the pointer there with the button down.
     void sendMove(const QPoint& place) const {
         QMouseEvent move(QEvent::MouseMove, place, tree().viewport()->mapToGlobal(place), Qt::NoButton,
