@@ -152,6 +152,22 @@ class WindowTest(unittest.TestCase):
         self.assertEqual(len(held["takes"]), len(shot["takes"]) + 1)
         self.assertEqual((take["notes"], take["result"], take["stars"]), ("第一条 Tom & <b>\n\nsecond", "good", 4))
 
+    def test_a_document_is_saved_without_holding_the_tool_up(self):
+        library = json.loads(SAMPLE.read_text(encoding="utf-8"))
+        program = self.open(SAMPLE)
+        program.act(library["projects"][0]["title"], TREE_ROW)
+        program.act("Export PDF", "push button")
+        menu = program.get("Export PDF", "popup menu")
+        entry = program.get("Storyboard PDF · for DP", "menu item")
+        # The answer comes while the panel that it opens still stands there.
+        screen.perform(entry, "Press")
+        cancel = program.get("Cancel", "push button")
+        self.assertFalse(has(menu, Atspi.StateType.SHOWING), "the menu is not in the way")
+        screen.perform(cancel, "Press")
+        wait_for("the panel to close", lambda: program.find("Cancel", "push button") is None)
+        for name in ("Back", "Library", "Save"):
+            self.assertEqual(program.get(name, "push button").get_description(), "", "a name is told once")
+
     def test_each_fixed_place_is_a_button_that_tells_where_one_is(self):
         program = self.open()
         before = program.get("Library", "push button")
