@@ -85,7 +85,11 @@ RootView::RootView(VantryStore& opened, AppDelegate& guard)
     connect(sidebar, &Sidebar::newTakePressed, this, [this](const Route& shot) {
         perform([&] { startNewTake(context, *shot.projectID(), *shot.actID(), *shot.shotID()); });
     });
-    connect(crumbBar, &CrumbBar::routePressed, this, &RootView::go);
+    connect(crumbBar, &CrumbBar::routePressed, this, [this](const Route& route) {
+        go(route);
+        if (places.route() == route && page != nullptr)
+            page->setFocus(Qt::OtherFocusReason);
+    });
     connect(newProject, &NewProjectSheet::createPressed, this, &RootView::createProject);
     new DoubledClickGuard([this] { return page; }, this);
     // The key for it on every desktop; Qt itself knows only Alt.

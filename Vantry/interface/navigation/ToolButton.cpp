@@ -8,6 +8,7 @@
 #include "Vantry/interface/design/ControlStates.h"
 #include "Vantry/interface/design/ControlText.h"
 #include "Vantry/interface/design/FocusRing.h"
+#include "Vantry/interface/design/KeyboardFocus.h"
 #include "Vantry/interface/design/VantryMotion.h"
 
 namespace vantry {
@@ -18,7 +19,7 @@ ToolButton::ToolButton(QAction& action, Glyph sign, QWidget* parent)
     , states(new ControlStates(*this, VantryMotion::feedback())) {
     setDefaultAction(&action);
     setAttribute(Qt::WA_Hover);
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(buttonFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(&action, &QAction::changed, this, &ToolButton::takeName);
     takeName();
