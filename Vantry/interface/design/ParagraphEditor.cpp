@@ -293,7 +293,9 @@ void ParagraphEditor::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
-    if (!event->matches(QKeySequence::InsertParagraphSeparator)) {
+    // With Shift, too: a line end of another kind would be one that only this view shows.
+    if (!event->matches(QKeySequence::InsertParagraphSeparator) &&
+        !event->matches(QKeySequence::InsertLineSeparator)) {
         QTextEdit::keyPressEvent(event);
         return;
     }

@@ -1,5 +1,6 @@
 #include "Vantry/interface/shots/ShotTexts.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "Vantry/app/QtText.h"
@@ -16,7 +17,9 @@ QString takeName(const VantryTake& take) {
 
 QString firstLineOf(const Text& text) {
     const std::string_view written = trimmed(text.utf8());
-    return toQString(trimmed(written.substr(0, written.find_first_of("\r\n"))));
+    const std::size_t end = std::min(
+        {written.find_first_of("\r\n"), written.find("\u2028"), written.find("\u2029"), written.size()});
+    return toQString(trimmed(written.substr(0, end)));
 }
 
 QString starsText(std::int64_t stars) {

@@ -283,6 +283,15 @@ TEST_F(NotesTest, EveryReturnBeginsAParagraph) {
     EXPECT_NE(takeRecord().notes, Text("\n\n\n\n\na\n\nb\n\n\nc")) << "its own undo knows them";
 }
 
+TEST_F(NotesTest, AReturnWithShiftBeginsAParagraphToo) {
+    go(takeRoute());
+    notes().setFocus();
+    QTest::keyClick(&notes(), Qt::Key_A);
+    QTest::keyClick(&notes(), Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClick(&notes(), Qt::Key_B);
+    EXPECT_EQ(takeRecord().notes, Text("a\nb"));
+}
+
 TEST_F(NotesTest, AKeyThatIsHeldFromElsewhereWritesNothing) {
     go(takeRoute());
     get<QAbstractButton>(QStringLiteral("返回镜头")).setFocus();

@@ -115,7 +115,7 @@ TEST_F(PagesTest, AShotIsPlannedInItsFields) {
 
 TEST_F(PagesTest, AShotListsItsTakesNewestLast) {
     store->updateTake(project, act, shot, take, [](VantryTake& record) {
-        record.notes = "\n  First line \r\nsecond";
+        record.notes = "\n  First line \u2028second";
         record.result = TakeResult::ng;
         record.stars = 2;
     });
