@@ -138,7 +138,17 @@ void ShotChooser::showCurrent() {
     area->verticalScrollBar()->setValue(middle - area->viewport()->height() / 2);
 }
 
-/// Return in the field goes to the first that is found.
+/// The row that the keyboard goes to from the field: the one in sight at first, the first that is found
+/// later.
+QWidget* ShotChooser::nearestRow() const {
+    const QByteArray current = rowKey(shotID);
+    const bool searches = !query->text().trimmed().isEmpty();
+    if (!searches && keys.contains(current))
+        return list->cell(current);
+    return keys.isEmpty() ? nullptr : list->cell(keys.constFirst());
+}
+
+/// Return in the field goes to the first that is found, Down to the rows.
 void ShotChooser::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isReturn && query->hasFocus()) {
@@ -148,7 +158,11 @@ void ShotChooser::keyPressEvent(QKeyEvent* event) {
                 emit chosen(Identifier(rows[keys.constFirst()].act), *id);
         return;
     }
-    WorkSheet::keyPressEvent(event);
+    QWidget* const row = event->key() == Qt::Key_Down && query->hasFocus() ? nearestRow() : nullptr;
+    if (row != nullptr)
+        row->setFocus(Qt::TabFocusReason);
+    else
+        WorkSheet::keyPressEvent(event);
 }
 
 }  // namespace vantry

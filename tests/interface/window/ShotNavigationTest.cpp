@@ -194,6 +194,24 @@ TEST_F(ShotNavigationTest, TheChooserFindsWhatIsTypedAndForgetsIt) {
     EXPECT_EQ(route(), routeOf(2)) << "Return goes to the first that is found";
 }
 
+TEST_F(ShotNavigationTest, DownLeadsFromTheSearchToTheRows) {
+    store->updateShot(project, act, shots[2], [](Shot& record) { record.title = "Window Turn"; });
+    go(routeOf(1));
+    ShotChooser& sheet = choose();
+    press(Qt::Key_Down);
+    EXPECT_EQ(QApplication::focusWidget()->accessibleName(), QStringLiteral("02 未命名镜头"))
+        << "where one is";
+    press(Qt::Key_Down);
+    EXPECT_EQ(QApplication::focusWidget()->accessibleName(), QStringLiteral("03 Window Turn"));
+    auto& query = get<QLineEdit>(QStringLiteral("搜索幕、镜号或名称"), &sheet);
+    query.setFocus();
+    query.setText(QStringLiteral("01"));
+    settle();
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(route(), shotRoute()) << "the first that is found";
+}
+
 TEST_F(ShotNavigationTest, TheChooserFollowsLanguageAndRecordsAndEscCloses) {
     go(shotRoute());
     ShotChooser& sheet = choose();
