@@ -17,6 +17,7 @@
 #include "Vantry/interface/design/StatusPill.h"
 #include "Vantry/interface/design/VantryDisclosure.h"
 #include "Vantry/interface/design/WorkspaceHeading.h"
+#include "Vantry/interface/pages/PanelOperation.h"
 #include "Vantry/interface/pages/RecordRemoval.h"
 #include "Vantry/interface/pages/RowKey.h"
 #include "Vantry/interface/shots/DrawingSheet.h"
@@ -47,6 +48,7 @@ ShotView::ShotView(PageContext given, const Identifier& project, const Identifie
     , cancelled(new StatusPill(StatusKind::warning))
     , retained(new StatusPill(StatusKind::warning))
     , frame(new ShotFrameCard(store()))
+    , importing(new PanelOperation(store(), *this))
     , brief(new ShotBrief([this](Text Shot::*member) { return bind(member); }))
     , schedule(new ScheduleFields(context, projectID, actID, shotID)) {
     makeHeading();
@@ -56,7 +58,8 @@ ShotView::ShotView(PageContext given, const Identifier& project, const Identifie
                                          makeParameters(), makeTakes(), makeActions()})
         content.addWidget(part);
     content.addStretch();
-    connect(frame, &ShotFrameCard::importWanted, this, performing([this] { importImage(); }));
+    connect(frame, &ShotFrameCard::importWanted, this,
+            [this] { importing->start([this] { store().importImage(projectID, actID, shotID); }); });
     connect(frame, &ShotFrameCard::imageDropped, this, performing([this](const QString& path) {
                 store().importImageFile(projectID, actID, shotID, QFile::encodeName(path).toStdString());
             }));
@@ -180,11 +183,6 @@ TextBinding ShotView::bind(Text Shot::*member) const {
 
 void ShotView::change(const std::function<void(Shot&)>& change) const {
     store().updateShot(projectID, actID, shotID, change);
-}
-
-void ShotView::importImage() {
-    commitComposition();
-    store().importImage(projectID, actID, shotID);
 }
 
 void ShotView::draw() {

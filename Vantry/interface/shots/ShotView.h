@@ -13,6 +13,7 @@ class DrawingSheet;
 class Label;
 class LabeledInput;
 class ListCard;
+class PanelOperation;
 class ParametersEditor;
 class RecordRemoval;
 class ScheduleFields;
@@ -46,7 +47,6 @@ private:
     [[nodiscard]] QWidget* makeActions();
     [[nodiscard]] TextBinding bind(Text Shot::*member) const;
     void change(const std::function<void(Shot&)>& change) const;
-    void importImage();
     void draw();
     void removeImage() const;
     void fillTexts(const Act& act, const Shot& shot);
@@ -64,6 +64,7 @@ private:
     StatusPill* cancelled;
     StatusPill* retained;
     ShotFrameCard* frame;
+    PanelOperation* importing;
     DrawingSheet* drawing = nullptr;  ///< once it was wanted
     ShotBrief* brief;
     Card* sound = nullptr;
