@@ -30,6 +30,12 @@ class HouseTest(unittest.TestCase):
         files[path] = f'{begin}#include "{target}"\n'
         return self.problems(files)
 
+    def test_a_check_that_fails_no_test_is_found(self):
+        for line in ("QTRY_VERIFY(done());", "QTRY_COMPARE(a, b);", "QVERIFY2(done(), reason);", "QSKIP(reason);"):
+            with self.subTest(line=line):
+                self.assertIn("fails no test", self.problems({"tests/app/ThingTest.cpp": line})[0])
+        self.assertEqual(self.problems({"tests/app/ThingTest.cpp": "EXPECT_TRUE(QTest::qWaitFor(done));"}), [])
+
     def test_every_arrow_down_is_open(self):
         for order in (ORDER, [room for room in SIDE_ORDER if room != "records"]):
             for at, lower in enumerate(order):

@@ -18,10 +18,10 @@ TEST(AppearanceTest, AForcedAppearanceReachesEveryWidget) {
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     appearance.setChoice(QStringLiteral("dark"));
-    QTRY_COMPARE(Palette::of(child).canvas, Palette::dark().canvas);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Palette::of(child).canvas == Palette::dark().canvas; }));
     EXPECT_EQ(QApplication::palette().color(QPalette::Base), Palette::dark().card);
     appearance.setChoice(QStringLiteral("light"));
-    QTRY_COMPARE(Palette::of(child).canvas, Palette::light().canvas);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Palette::of(child).canvas == Palette::light().canvas; }));
 }
 
 TEST(AppearanceTest, AnyOtherChoiceFollowsTheDesktop) {

@@ -175,7 +175,8 @@ TEST_F(VantryDisclosureTest, ContentThatGrowsIsShownInFull) {
     auto* note = new Label(VantryType::Role::caption, &Palette::muted, Label::Length::wrapped);
     note->setPlain(QStringLiteral("Use a duration between 1 and 10080 minutes. ").repeated(8));
     disclosure->content().addWidget(note);
-    QTRY_COMPARE(disclosure->height(), before + 12 + note->heightForWidth(568));
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return disclosure->height() == before + 12 + note->heightForWidth(568); }));
 }
 
 }  // namespace

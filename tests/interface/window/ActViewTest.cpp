@@ -248,7 +248,7 @@ TEST_F(ActViewTest, ThePageScrollsAlongWithADrag) {
     QTest::mouseMove(&tile, handle + QPoint(0, 30));
     const QPoint foot = area->viewport()->mapToGlobal(QPoint(100, area->viewport()->height() - 2));
     QTest::mouseMove(&tile, tile.mapFromGlobal(foot));
-    QTRY_VERIFY(bar.value() > 1000);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bar.value() > 1000; }));
     QTest::mouseMove(&tile, tile.mapFromGlobal(area->viewport()->mapToGlobal(QPoint(100, 300))));
     QTest::mouseRelease(&tile, Qt::LeftButton);
     settle();

@@ -110,6 +110,8 @@ TEST_F(SidebarTest, RowsFollowTheRecordsAtOnce) {
               QStringLiteral("1 Take · 4★ · ✓"));
     EXPECT_EQ(rowOf(Route::act(project, act)).data(LibraryTreeModel::detailRole).toString(),
               QStringLiteral("1 镜 · 1 完成 / 0 未完"));
+    go(Route::act(project, act));
+    EXPECT_TRUE(shows(QStringLiteral("1 / 1 镜已完成")));
 }
 
 TEST_F(SidebarTest, ToolsFindRowsWithNameDetailStateAndPress) {

@@ -213,13 +213,13 @@ TEST_F(SidebarTreeTest, OpeningIsShownWhileTheTreeIsThereAlready) {
     EXPECT_EQ(layer().y(), tree().visualRect(row).bottom() + 1) << "what stands above stays";
     clickAt(rowOf(Route::act(project, act)), 100);
     EXPECT_EQ(route(), Route::act(project, act)) << "clicks go to the rows";
-    QTRY_VERIFY(!layer().isVisible());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !layer().isVisible(); }));
     EXPECT_EQ(layer().progress(), 1);
     click(QStringLiteral("全部展开"));
-    QTRY_VERIFY(!layer().isVisible());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !layer().isVisible(); }));
     tree().toggle(row);
     EXPECT_TRUE(layer().isVisible());
-    QTRY_VERIFY(!layer().isVisible());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !layer().isVisible(); }));
 }
 
 TEST_F(SidebarTreeTest, NothingIsShownWithReducedMotion) {

@@ -49,7 +49,7 @@ TEST_F(StandstillTest, EveryWidgetOfEveryPageStays) {
          {Route::library(), Route::project(project), Route::act(project, act), shotRoute(), takeRoute(),
           Route::search(), Route::calendar(), Route::settings(), Route::project(Identifier::random())}) {
         go(place);
-        QTRY_VERIFY(window->findChildren<VantryPageArrival*>().isEmpty());
+        ASSERT_TRUE(QTest::qWaitFor([&] { return window->findChildren<VantryPageArrival*>().isEmpty(); }));
         const auto before = seen();
         for (int times = 0; times < 2; ++times) {
             change();

@@ -59,10 +59,10 @@ TEST_F(WindowTest, FromAnEmptyLibraryToATakeOnDisk) {
             return std::nullopt;
         return *found->acts[0]->shots[0]->takes[0];
     };
-    QTRY_VERIFY(onDisk() && onDisk()->stars == 4);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return onDisk() && onDisk()->stars == 4; }));
     EXPECT_EQ(onDisk()->notes, Text("Best so far\n焦点准确"));
     EXPECT_EQ(onDisk()->result, TakeResult::good);
-    QTRY_VERIFY(shows(QStringLiteral("已存于本机")));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return shows(QStringLiteral("已存于本机")); }));
 }
 
 TEST_F(WindowTest, HasItsTitleSizeAndColumns) {
