@@ -164,7 +164,7 @@ TEST_F(VantryDisclosureTest, MovesAsADisclosure) {
     };
     const int content = input->sizeHint().height() + 16;
     EXPECT_NEAR(heightAt(0), 56, 1);
-    EXPECT_NEAR(heightAt(100), 56 + content / 2, 2);
+    EXPECT_NEAR(heightAt(100), 56 + content / 2.0, 2);
     EXPECT_EQ(heightAt(200), 56 + content);
 }
 
