@@ -64,7 +64,7 @@ void AppDelegate::setStore(VantryStore& guarded) {
 }
 
 void AppDelegate::save() {
-    commitComposition();
+    settleField();
     store->flush();
 }
 

@@ -1,10 +1,12 @@
 #include "Vantry/app/Composition.h"
 
 #include <QAbstractButton>
-#include <QGuiApplication>
+#include <QApplication>
 #include <QInputMethod>
 #include <QInputMethodEvent>
+#include <QMetaObject>
 #include <QPointer>
+#include <QWidget>
 
 namespace vantry {
 namespace {
@@ -40,11 +42,11 @@ protected:
                 ++handedOver;
         } else if (event->type() == QEvent::FocusOut && receiver == field) {
             field = nullptr;
-        } else if (event->type() == QEvent::MouseButtonPress && field != nullptr &&
+        } else if (event->type() == QEvent::MouseButtonPress &&
                    qobject_cast<QAbstractButton*>(receiver) != nullptr) {
             // A press does not take the keyboard away, but what it does is about all that stands in the
             // field.
-            finish();
+            settleField();
         }
         return false;
     }
@@ -67,11 +69,14 @@ void watchCompositions(QObject& application) {
     application.installEventFilter(watch());
 }
 
-void commitComposition() {
+void settleField() {
     if (watch() != nullptr)
         watch()->finish();
     else if (QInputMethod* method = QGuiApplication::inputMethod())
         method->commit();
+    QWidget* const focused = QApplication::focusWidget();
+    if (focused != nullptr && focused->metaObject()->indexOfMethod("settle()") >= 0)
+        QMetaObject::invokeMethod(focused, "settle", Qt::DirectConnection);
 }
 
 }  // namespace vantry

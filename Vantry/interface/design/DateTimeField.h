@@ -24,6 +24,10 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
+public slots:
+    /// Takes what was typed so far for the whole of it: an hour of which one digit stands there is that hour.
+    void settle() { interpretText(); }
+
 signals:
     /// The person changed it.
     void edited(const QDateTime& reading);

@@ -16,6 +16,10 @@ public:
     virtual void refresh() = 0;
     /// Gives the keyboard to what is written on this page: it has come here for that.
     virtual void beginWriting() { setFocus(Qt::OtherFocusReason); }
+
+protected:
+    /// With the keyboard on the page itself its body scrolls.
+    void keyPressEvent(QKeyEvent* event) override;
 };
 
 }  // namespace vantry

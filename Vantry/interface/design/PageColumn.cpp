@@ -1,6 +1,8 @@
 #include "Vantry/interface/design/PageColumn.h"
 
 #include <QHBoxLayout>
+#include <QHash>
+#include <QKeyEvent>
 #include <QScrollBar>
 
 #include "Vantry/interface/design/Metrics.h"
@@ -44,6 +46,21 @@ void PageColumn::setMemoryKey(const std::string& memoryKey) {
     // What is restored comes later.
     if (!isFirst)
         verticalScrollBar()->setValue(0);
+}
+
+bool PageColumn::scrollBy(const QKeyEvent& key) {
+    static const QHash<int, QAbstractSlider::SliderAction> steps{
+        {Qt::Key_PageDown, QAbstractSlider::SliderPageStepAdd},
+        {Qt::Key_PageUp, QAbstractSlider::SliderPageStepSub},
+        {Qt::Key_Down, QAbstractSlider::SliderSingleStepAdd},
+        {Qt::Key_Up, QAbstractSlider::SliderSingleStepSub},
+        {Qt::Key_End, QAbstractSlider::SliderToMaximum},
+        {Qt::Key_Home, QAbstractSlider::SliderToMinimum}};
+    const auto step = steps.constFind(key.key());
+    if (step == steps.cend() || (key.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
+        return false;
+    verticalScrollBar()->triggerAction(*step);
+    return true;
 }
 
 PageColumn* crewPage(QWidget* page, PageColumn::Above above) {

@@ -27,6 +27,8 @@ public:
     /// From now on the page has a position of its own for `memoryKey`, one of its tabs: the one that it was
     /// left at, else its top.
     void setMemoryKey(const std::string& memoryKey);
+    /// Scrolls as that key does, from a line to the end; false, if it is none of those.
+    bool scrollBy(const QKeyEvent& key);
 
 private:
     QWidget* inside;

@@ -71,6 +71,16 @@ void SegmentedChoice::followChoice() {
         return;
     for (Segment* segment : segments)
         segment->setFocusPolicy(segment->isChecked() ? buttonFocus : Qt::NoFocus);
+    // An arrow key brings the keyboard along itself, and shows where it is.
+    QMetaObject::invokeMethod(this, &SegmentedChoice::bringKeyboard, Qt::QueuedConnection);
+}
+
+/// The keyboard goes along with a choice that was made with the mouse, or elsewhere.
+void SegmentedChoice::bringKeyboard() {
+    const bool hasKeyboard = std::any_of(segments.cbegin(), segments.cend(),
+                                         [](const Segment* segment) { return segment->hasFocus(); });
+    if (hasKeyboard && chosenIndex() >= 0)
+        segments[chosenIndex()]->setFocus(Qt::OtherFocusReason);
 }
 
 void SegmentedChoice::keyPressEvent(QKeyEvent* event) {

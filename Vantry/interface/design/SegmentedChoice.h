@@ -39,6 +39,7 @@ protected:
 private:
     /// Only the choice that is set is reached by Tab.
     void followChoice();
+    void bringKeyboard();
 
     QList<Segment*> segments;
 };

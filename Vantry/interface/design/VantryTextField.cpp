@@ -36,6 +36,11 @@ VantryTextField::VantryTextField(Look style, QWidget* parent)
     setTextMargins(margin, 0, margin, 0);
     // Not textEdited alone: dictation and other assistive tools set the text without any key.
     connect(this, &QLineEdit::textChanged, this, &VantryTextField::publish);
+    connect(this, &QLineEdit::editingFinished, this, [this] {
+        // Return ends the editing too, but leaves the keyboard where it is.
+        if (!hasFocus())
+            emit settled();
+    });
 }
 
 void VantryTextField::setTitle(const QString& title) {

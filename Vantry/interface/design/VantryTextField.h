@@ -39,9 +39,15 @@ public:
     /// How far its border is that of a field with the keyboard, from 0 to 1.
     [[nodiscard]] double focusShare() const { return focus.value(); }
 
+public slots:
+    /// What stands in it is about to be used, while it keeps the keyboard.
+    void settle() { emit settled(); }
+
 signals:
     /// The person changed the text, and it was written.
     void published();
+    /// The keyboard left it, or what stands in it is about to be used.
+    void settled();
 
 protected:
     bool event(QEvent* event) override;

@@ -43,7 +43,7 @@ namespace vantry {
 RootView::RootView(VantryStore& opened, AppDelegate& guard)
     : store(opened)
     , delegate(guard)
-    , context{store, [this](const Route& route) { go(route); }, [this] { refreshSoon(); },
+    , context{store, [this](const Route& route) { goWithKeyboard(route); }, [this] { refreshSoon(); },
               [this](const Route& route) { goWriting(route); }}
     , pageMemory(std::make_shared<PageMemory>())
     , places([this](const Route& route) { pageMemory->active = route; }) {
@@ -83,13 +83,11 @@ RootView::RootView(VantryStore& opened, AppDelegate& guard)
     connect(sidebar, &Sidebar::routePressed, this, &RootView::go);
     connect(sidebar, &Sidebar::newProjectPressed, newProject, &NewProjectSheet::start);
     connect(sidebar, &Sidebar::newTakePressed, this, [this](const Route& shot) {
-        perform([&] { startNewTake(context, *shot.projectID(), *shot.actID(), *shot.shotID()); });
+        PageContext inTree = context;
+        inTree.go = [this](const Route& route) { go(route); };
+        perform([&] { startNewTake(inTree, *shot.projectID(), *shot.actID(), *shot.shotID()); });
     });
-    connect(crumbBar, &CrumbBar::routePressed, this, [this](const Route& route) {
-        go(route);
-        if (places.route() == route && page != nullptr)
-            page->setFocus(Qt::OtherFocusReason);
-    });
+    connect(crumbBar, &CrumbBar::routePressed, this, &RootView::goWithKeyboard);
     connect(newProject, &NewProjectSheet::createPressed, this, &RootView::createProject);
     new DoubledClickGuard([this] { return page; }, this);
     // The key for it on every desktop; Qt itself knows only Alt.
@@ -97,6 +95,7 @@ RootView::RootView(VantryStore& opened, AppDelegate& guard)
     connect(menuKey, &QShortcut::activated, menuBar(),
             [bar = menuBar()] { bar->setActiveAction(bar->actions().constFirst()); });
     showPage();
+    page->setFocus(Qt::OtherFocusReason);
 }
 
 RootView::~RootView() = default;
@@ -172,7 +171,7 @@ void RootView::showPage() {
 
 bool RootView::flush() {
     // It belongs to the page that is left.
-    commitComposition();
+    settleField();
     return store.flush();
 }
 
@@ -181,6 +180,12 @@ void RootView::go(const Route& route) {
         if (places.go(route, [this] { return flush(); }))
             showPage();
     });
+}
+
+void RootView::goWithKeyboard(const Route& route) {
+    go(route);
+    if (places.route() == route && page != nullptr && !page->isAncestorOf(focusWidget()))
+        page->setFocus(Qt::OtherFocusReason);
 }
 
 void RootView::goWriting(const Route& route) {
@@ -204,7 +209,7 @@ void RootView::perform(const std::function<void()>& action) {
 
 void RootView::undo() {
     perform([this] {
-        commitComposition();
+        settleField();
         store.undo();
     });
 }

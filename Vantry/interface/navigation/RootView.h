@@ -55,6 +55,8 @@ private:
     [[nodiscard]] QWidget* makeDetail();
     [[nodiscard]] Page* makePage(const Route& route);
     void showPage();
+    /// The keyboard goes along, wherever it is.
+    void goWithKeyboard(const Route& route);
     void goWriting(const Route& route);
     void refreshSoon();
     void createProject();

@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include "Vantry/app/Composition.h"
 #include "Vantry/app/QtText.h"
 #include "Vantry/app/VantryStore.h"
 #include "Vantry/interface/design/ControlText.h"
@@ -51,7 +52,12 @@ WindowActions::WindowActions(VantryStore& opened, QMenuBar& bar)
     connect(exportAction, &QAction::triggered, this, &WindowActions::exportWanted);
     connect(importAction, &QAction::triggered, this, &WindowActions::importWanted);
     connect(quitAction, &QAction::triggered, this, &WindowActions::quitWanted);
-    connect(saveAction, &QAction::triggered, this, [this] { contain(store, [this] { store.flush(); }); });
+    connect(saveAction, &QAction::triggered, this, [this] {
+        contain(store, [this] {
+            settleField();
+            store.flush();
+        });
+    });
     connect(languages, &QActionGroup::triggered, this, [this](QAction* action) {
         contain(store, [&] { store.setLanguage(toText(action->data().toString())); });
     });

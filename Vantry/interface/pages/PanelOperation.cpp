@@ -32,7 +32,7 @@ void PanelOperation::run(const std::function<void()>& operation) {
             if (!menu->close())
                 break;
         contain(store, [&operation] {
-            commitComposition();
+            settleField();
             operation();
         });
     }

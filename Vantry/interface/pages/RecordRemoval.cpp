@@ -22,7 +22,7 @@ RecordRemoval::RecordRemoval(PageContext given, QWidget& page, const Route& pare
     , question(new QuestionSheet(&page)) {
     opener->setPressedOnce();
     connect(opener, &Button::clicked, this, [this] {
-        commitComposition();
+        settleField();
         question->ask();
     });
     connect(question, &QuestionSheet::accepted, this, &RecordRemoval::removeRecord);

@@ -35,11 +35,7 @@ QWidget* ParametersEditor::makeSection(const ParameterSection& section) {
                 return held ? std::optional((*held)[key]) : std::nullopt;
             },
             [this, key = setting.key](const Text& text) { parameters.write(key, text); }));
-        connect(&input->field(), &QLineEdit::editingFinished, this, [this, field = &input->field()] {
-            // Return ends the editing too, but leaves the keyboard where it is.
-            if (!field->hasFocus())
-                emit finished();
-        });
+        connect(&input->field(), &VantryTextField::settled, this, &ParametersEditor::finished);
         layout->addWidget(input);
         fields.push_back({&setting, input});
     }

@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <utility>
 
+#include <QApplication>
 #include <QDateTime>
 #include <QHBoxLayout>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
+#include "Vantry/app/Composition.h"
 #include "Vantry/interface/design/Card.h"
 #include "Vantry/interface/design/Compose.h"
 #include "Vantry/interface/design/DateTimeField.h"
@@ -61,7 +63,10 @@ protected:
         if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
             toggle.click();
     }
-    void mousePressEvent(QMouseEvent* event) override { event->accept(); }
+    void mousePressEvent(QMouseEvent* event) override {
+        settleField();
+        event->accept();
+    }
 
 private:
     VantryToggle& toggle;
@@ -101,10 +106,12 @@ ScheduleFields::ScheduleFields(PageContext given, const Identifier& project, con
     connect(start, &DateTimeField::edited, this,
             performing([this](const QDateTime& reading) { setStart(reading); }));
     // Not textEdited alone: dictation and other assistive tools set the text without any key.
-    connect(duration, &VantryTextField::editingFinished, this, [this] {
+    const auto settle = [this] {
         if (!isWrong && shownMinutes)
             settledMinutes = *shownMinutes;
-    });
+    };
+    connect(duration, &VantryTextField::editingFinished, this, settle);
+    connect(duration, &VantryTextField::settled, this, settle);
     connect(duration, &VantryTextField::textChanged, this, performing([this](const QString& typed) {
                 if (!filling)
                     typeDuration(typed);
@@ -188,6 +195,9 @@ void ScheduleFields::refresh() {
     toggle->setAccessibleDescription(text(u"设置日期与时间后，会自动显示在日历。",
                                           u"Set a date and time to show this shot in the calendar."));
     toggle->setChecked(scheduled);
+    // The keyboard stays with what is on screen.
+    if (!scheduled && fields->isAncestorOf(QApplication::focusWidget()))
+        toggle->setFocus(Qt::OtherFocusReason);
     fields->setVisible(scheduled);
     startTitle->setPlain(text(u"开始时间", u"Start time"));
     start->setAccessibleName(text(u"开始时间", u"Start time"));

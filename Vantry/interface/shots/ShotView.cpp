@@ -186,7 +186,7 @@ void ShotView::change(const std::function<void(Shot&)>& change) const {
 }
 
 void ShotView::draw() {
-    commitComposition();
+    settleField();
     if (drawing == nullptr)
         drawing = new DrawingSheet(store(), this);
     if (const auto shot = store().shot(projectID, actID, shotID))

@@ -91,7 +91,7 @@ void StoryboardPreview::dropEvent(QDropEvent* event) {
         return;
     // A copy, whatever was asked for: nobody takes the original away.
     event->setDropAction(Qt::CopyAction);
-    commitComposition();
+    settleField();
     emit dropped(path);
 }
 

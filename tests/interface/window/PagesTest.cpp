@@ -1,6 +1,9 @@
 // What each page shows and does.
 
+#include <QScrollBar>
+
 #include "Vantry/interface/design/Metrics.h"
+#include "Vantry/interface/design/PageColumn.h"
 #include "Vantry/interface/design/SegmentedChoice.h"
 #include "Vantry/interface/design/StatusPill.h"
 #include "Vantry/interface/design/VantryDisclosure.h"
@@ -284,6 +287,55 @@ TEST_F(PagesTest, NoParameterIsCutInAnyWidthOfTheWindow) {
                 EXPECT_TRUE(around->rect().contains(QRect(field->mapTo(around, QPoint()), field->size())))
                     << width << ' ' << field->accessibleName().toStdString();
     }
+}
+
+TEST_F(PagesTest, AParameterBecomesTheDefaultWhenItIsSavedOrTheProgramEnds) {
+    const auto defaults = [this] { return store->project(project)->defaults; };
+    go(takeRoute());
+    clickOnPage(QStringLiteral("相机、镜头、录制与监视"));
+    auto& ratio = get<QLineEdit>(QStringLiteral("画幅"), &page());
+    ratio.setFocus();
+    QTest::keyClicks(&ratio, QStringLiteral("1.85"));
+    EXPECT_EQ(defaults()["aspect"], Text("")) << "not while it is being entered";
+    click(QStringLiteral("保存"));
+    EXPECT_EQ(defaults()["aspect"], Text("1.85"));
+    auto& iso = get<QLineEdit>(QStringLiteral("ISO"), &page());
+    iso.setFocus();
+    QTest::keyClicks(&iso, QStringLiteral("640"));
+    window->close();
+    settle();
+    EXPECT_EQ(defaults()["iso"], Text("640"));
+    EXPECT_FALSE(store->hasUnsavedChanges());
+}
+
+TEST_F(PagesTest, TheKeyboardGoesAlongWithAVerdictChosenByMouse) {
+    go(takeRoute());
+    auto& pending = get<Segment>(QStringLiteral("待定"));
+    pending.setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Right);
+    press(Qt::Key_Right);
+    EXPECT_EQ(takeRecord().result, TakeResult::ng);
+    clickOnPage(QStringLiteral("待定"));
+    EXPECT_EQ(QApplication::focusWidget(), &pending);
+    press(Qt::Key_Space);
+    EXPECT_EQ(takeRecord().result, TakeResult::pending);
+}
+
+TEST_F(PagesTest, TheKeysThatScrollDoSoOnThePageItself) {
+    go(takeRoute());
+    window->resize(1000, 680);
+    settle();
+    auto& bar = *page().findChild<PageColumn*>()->verticalScrollBar();
+    ASSERT_GT(bar.maximum(), 0);
+    page().setFocus();
+    press(Qt::Key_End);
+    EXPECT_EQ(bar.value(), bar.maximum());
+    press(Qt::Key_PageUp);
+    EXPECT_LT(bar.value(), bar.maximum());
+    press(Qt::Key_Home);
+    EXPECT_EQ(bar.value(), 0);
+    press(Qt::Key_Down);
+    EXPECT_GT(bar.value(), 0);
 }
 
 TEST_F(PagesTest, TheKeyboardReachesEveryControlOfTheTakeInOrder) {

@@ -197,6 +197,16 @@ TEST_F(PlacesTest, GoingWhereOneIsNeitherSavesNorMoves) {
     EXPECT_EQ(&page(), shown);
 }
 
+TEST_F(PlacesTest, TheKeyboardIsOnThePageFromTheStartAndAfterACard) {
+    makeTake();
+    go(Route::library());
+    EXPECT_TRUE(QApplication::focusWidget() == &page());
+    get<QAbstractButton>(QStringLiteral("设置"), tree().parentWidget()).setFocus();
+    clickOnPage(toQString(store->project(project)->title));
+    EXPECT_EQ(route(), Route::project(project));
+    EXPECT_TRUE(QApplication::focusWidget() == &page());
+}
+
 TEST_F(PlacesTest, AfterACrumbTheKeyboardIsOnThePage) {
     makeTake();
     go(takeRoute());

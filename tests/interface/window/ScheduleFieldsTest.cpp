@@ -103,6 +103,45 @@ TEST_F(ScheduleFieldsTest, TheStartIsShownAndWrittenInWholeMinutes) {
     EXPECT_EQ(shotRecord().scheduledAt, at(2026, 11, 21, 21, 30));
 }
 
+TEST_F(ScheduleFieldsTest, AnHourOfOneDigitIsThatHourWhenItIsSaved) {
+    for (const bool byClick : {true, false}) {
+        schedule(at(2026, 11, 21, 23, 5));
+        start()->setFocus();
+        start()->setSelectedSection(QDateTimeEdit::HourSection);
+        QTest::keyClick(start(), Qt::Key_1);
+        if (byClick)
+            click(QStringLiteral("保存"));
+        else
+            press(Qt::Key_S, Qt::ControlModifier);
+        EXPECT_EQ(shotRecord().scheduledAt, at(2026, 11, 21, 1, 5));
+        EXPECT_FALSE(store->hasUnsavedChanges());
+        EXPECT_TRUE(start()->hasFocus());
+    }
+}
+
+TEST_F(ScheduleFieldsTest, AnHourOfOneDigitIsThatHourWhenTheProgramEndsOrThePlanIsTakenOff) {
+    schedule(at(2026, 11, 21, 23, 5));
+    const auto typeHour = [this] {
+        start()->setFocus();
+        start()->setSelectedSection(QDateTimeEdit::HourSection);
+        QTest::keyClick(start(), Qt::Key_1);
+    };
+    typeHour();
+    QTest::mouseClick(&toggle(), Qt::LeftButton);
+    settle();
+    EXPECT_FALSE(shotRecord().scheduledAt);
+    EXPECT_EQ(QApplication::focusWidget(), &toggle()) << "the keyboard stays beside what went away";
+    toggle().click();
+    settle();
+    EXPECT_EQ(shotRecord().scheduledAt, at(2026, 11, 21, 1, 5));
+    schedule(at(2026, 11, 21, 23, 5));
+    typeHour();
+    window->close();
+    settle();
+    EXPECT_EQ(shotRecord().scheduledAt, at(2026, 11, 21, 1, 5));
+    EXPECT_FALSE(store->hasUnsavedChanges());
+}
+
 TEST_F(ScheduleFieldsTest, ATurnOfTheWheelChangesNothingAndTakesNoKeyboard) {
     schedule(at(2026, 11, 21, 20, 30));
     EXPECT_EQ(start()->focusPolicy(), Qt::StrongFocus) << "not by the wheel";
