@@ -140,11 +140,15 @@ void ShotChooser::showCurrent() {
 
 /// The row that the keyboard goes to from the field: the one in sight at first, the first that is found
 /// later.
-QWidget* ShotChooser::nearestRow() const {
+QWidget* ShotChooser::nearestRow() {
     const QByteArray current = rowKey(shotID);
     const bool searches = !query->text().trimmed().isEmpty();
-    if (!searches && keys.contains(current))
+    // A row that was scrolled out of sight does not exist.
+    if (!searches && keys.contains(current)) {
+        showCurrent();
         return list->cell(current);
+    }
+    area->verticalScrollBar()->setValue(0);
     return keys.isEmpty() ? nullptr : list->cell(keys.constFirst());
 }
 

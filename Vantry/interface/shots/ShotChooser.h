@@ -50,7 +50,7 @@ private:
     void fillRow(QWidget& cell, const QByteArray& key) const;
     void fillRows();
     void showCurrent();
-    [[nodiscard]] QWidget* nearestRow() const;
+    [[nodiscard]] QWidget* nearestRow();
 
     VantryStore& store;
     const Identifier projectID;

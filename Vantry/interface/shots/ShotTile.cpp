@@ -256,6 +256,7 @@ void ShotTile::mouseMoveEvent(QMouseEvent* event) {
         (event->position().toPoint() - pressedAt).manhattanLength() >= QApplication::startDragDistance();
     if (!isDragged && isFar) {
         isDragged = true;
+        hadFocus = QApplication::focusWidget();
         // It stays while the list scrolls away from it, and hears Esc.
         setFocusPolicy(Qt::ClickFocus);
         setFocus(Qt::MouseFocusReason);
@@ -283,6 +284,8 @@ void ShotTile::endDrag(bool given) {
         return;
     isDragged = false;
     clearFocus();
+    if (hadFocus != nullptr)
+        hadFocus->setFocus(Qt::OtherFocusReason);
     setFocusPolicy(Qt::NoFocus);
     unsetCursor();
     emit dropped(given);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 
 #include "Vantry/interface/design/StatusPill.h"
@@ -91,6 +92,7 @@ private:
     QPoint pressedAt;
     bool isPressed = false;
     bool isDragged = false;
+    QPointer<QWidget> hadFocus;  ///< before the drag
     bool isLifted = false;
     DropMark mark = DropMark::none;
 };

@@ -226,6 +226,15 @@ TEST_F(ActViewTest, ADragThatLeadsNowhereChangesNothing) {
     EXPECT_EQ(store->canUndo(), couldUndo);
 }
 
+TEST_F(ActViewTest, ADragGivesTheKeyboardBack) {
+    auto& name = get<QLineEdit>(QStringLiteral("幕名称"), &page());
+    name.setFocus();
+    drag(0, 2, 50);
+    release(0);
+    EXPECT_NE(order(), shots);
+    EXPECT_TRUE(name.hasFocus());
+}
+
 TEST_F(ActViewTest, CodesStayAsTheyWereInAnyOrder) {
     drag(3, 0, 20);
     release(3);

@@ -1,5 +1,8 @@
 // The strip that leads along the shots of a production, and the chooser.
 
+#include <QScrollArea>
+#include <QScrollBar>
+
 #include "Vantry/interface/shots/ShotChooser.h"
 #include "tests/interface/window/WindowFixture.h"
 
@@ -210,6 +213,20 @@ TEST_F(ShotNavigationTest, DownLeadsFromTheSearchToTheRows) {
     press(Qt::Key_Down);
     press(Qt::Key_Return);
     EXPECT_EQ(route(), shotRoute()) << "the first that is found";
+}
+
+TEST_F(ShotNavigationTest, DownFindsARowThatWasScrolledAway) {
+    for (int more = 0; more < 60; ++more)
+        store->addShot(project, secondAct);
+    go(shotRoute());
+    ShotChooser& sheet = choose();
+    auto& bar = *sheet.findChild<QScrollArea*>()->verticalScrollBar();
+    bar.setValue(bar.maximum());
+    settle();
+    press(Qt::Key_Down);
+    EXPECT_EQ(QApplication::focusWidget()->accessibleName(), QStringLiteral("01 未命名镜头"));
+    press(Qt::Key_Return);
+    EXPECT_EQ(route(), shotRoute());
 }
 
 TEST_F(ShotNavigationTest, TheChooserFollowsLanguageAndRecordsAndEscCloses) {
