@@ -124,9 +124,10 @@ void LibraryView::waitForEnd() {
     // so never wait for long.
     constexpr std::chrono::milliseconds longest = std::chrono::hours(1);
     const std::chrono::duration<double> left(endOf(*first).seconds - store().now().seconds);
-    const auto wait = left < longest
-                          ? std::chrono::ceil<std::chrono::milliseconds>(left) + std::chrono::milliseconds(1)
-                          : longest;
+    const auto wait = left < longest ? std::max(std::chrono::ceil<std::chrono::milliseconds>(left),
+                                                std::chrono::milliseconds(0)) +
+                                           std::chrono::milliseconds(1)
+                                     : longest;
     nextEnd = store().clock().callAfter(wait, [this] { context.refreshSoon(); });
 }
 
