@@ -95,9 +95,10 @@ void ActView::makeSequence() {
                 if (const auto id = recordOf(key))
                     go(Route::shot(projectID, actID, *id));
             }));
-    connect(shots, &ShotSequence::takeWanted, this, performing([this](const QByteArray& key) {
+    connect(shots, &ShotSequence::takeWanted, this,
+            performing([this](const QByteArray& key, AfterNewTake keyboard) {
                 if (const auto id = recordOf(key))
-                    startNewTake(context, projectID, actID, *id);
+                    startNewTake(context, projectID, actID, *id, keyboard);
             }));
     connect(shots, &ShotSequence::moveWanted, this,
             performing([this](const QByteArray& key, const QByteArray& before) { move(key, before); }));

@@ -18,4 +18,7 @@ class WorkspaceHeading;
 [[nodiscard]] Button* makeNewTakeButton(WorkspaceHeading& heading,
                                         const std::function<void(AfterNewTake)>& start);
 
+/// The same for a button that stands there already: a press of it starts a take.
+void startTakeBy(Button& button, const std::function<void(AfterNewTake)>& start);
+
 }  // namespace vantry

@@ -72,7 +72,8 @@ void ShotSequence::setShots(const QList<QByteArray>& wanted, Mode mode) {
 QWidget* ShotSequence::makeTile(const QByteArray& key, QWidget* holder, bool inList) {
     auto* tile = new ShotTile(inList ? ShotTile::Shape::row : ShotTile::Shape::card, store, holder);
     connect(tile, &ShotTile::editWanted, this, [this, key] { emit editWanted(key); });
-    connect(tile, &ShotTile::takeWanted, this, [this, key] { emit takeWanted(key); });
+    connect(tile, &ShotTile::takeWanted, this,
+            [this, key](AfterNewTake keyboard) { emit takeWanted(key, keyboard); });
     connect(tile, &ShotTile::menuWanted, this,
             [this, key](QWidget* opener) { emit menuWanted(key, opener); });
     connect(tile, &ShotTile::dragged, this, [this, key](const QPoint& position) { drag(key, position); });

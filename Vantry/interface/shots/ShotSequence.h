@@ -6,6 +6,8 @@
 #include <QHash>
 #include <QWidget>
 
+#include "Vantry/interface/shots/NewTake.h"
+
 namespace vantry {
 
 class LazyCells;
@@ -29,7 +31,7 @@ public:
 
 signals:
     void editWanted(const QByteArray& key);
-    void takeWanted(const QByteArray& key);
+    void takeWanted(const QByteArray& key, vantry::AfterNewTake keyboard);
     void menuWanted(const QByteArray& key, QWidget* opener);
     /// That shot is wanted in front of `before`, or at the end when that is empty.
     void moveWanted(const QByteArray& key, const QByteArray& before);

@@ -16,6 +16,7 @@
 #include "Vantry/interface/design/RowButton.h"
 #include "Vantry/interface/design/Surface.h"
 #include "Vantry/interface/pages/JoinedFacts.h"
+#include "Vantry/interface/shots/NewTakeButton.h"
 #include "Vantry/interface/shots/StoryboardFrame.h"
 #include "Vantry/interface/shots/StoryboardPreview.h"
 
@@ -68,7 +69,7 @@ ShotTile::ShotTile(Shape of, VantryStore& store, QWidget* parent)
     state->setAttribute(Qt::WA_TransparentForMouseEvents);
     newTake->setPressedOnce();
     connect(edit, &Button::clicked, this, &ShotTile::editWanted);
-    connect(newTake, &Button::clicked, this, &ShotTile::takeWanted);
+    startTakeBy(*newTake, [this](AfterNewTake keyboard) { emit takeWanted(keyboard); });
     connect(menu, &RowMenuButton::clicked, this, [this] { emit menuWanted(menu); });
 }
 

@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include "Vantry/interface/design/StatusPill.h"
+#include "Vantry/interface/shots/NewTake.h"
 
 namespace vantry {
 
@@ -52,7 +53,7 @@ public:
 
 signals:
     void editWanted();
-    void takeWanted();
+    void takeWanted(vantry::AfterNewTake keyboard);
     void menuWanted(QWidget* opener);
     /// It is being dragged; the pointer is at `position` of the screen.
     void dragged(const QPoint& position);

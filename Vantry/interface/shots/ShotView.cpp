@@ -138,8 +138,9 @@ QWidget* ShotView::makeTakes() {
             return row;
         },
         [this](QWidget& row, const QByteArray& key) { fillTake(row, key); });
-    connect(firstTake, &Button::clicked, this,
-            performing([this](bool) { startNewTake(context, projectID, actID, shotID); }));
+    startTakeBy(*firstTake, performing([this](AfterNewTake keyboard) {
+        startNewTake(context, projectID, actID, shotID, keyboard);
+    }));
     return ::vantry::column(Metrics::gapField, {takesTitle, noTakes, takes});
 }
 

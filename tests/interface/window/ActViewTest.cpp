@@ -97,6 +97,16 @@ TEST_F(ActViewTest, ARowLeadsToItsShotAndToANewTake) {
     const auto held = store->shot(project, act, shots[1]);
     ASSERT_EQ(held->takes.size(), 1U);
     EXPECT_EQ(route(), Route::take(project, act, shots[1], held->takes[0]->id));
+    EXPECT_TRUE(notes().hasFocus()) << "a click leads to the notes";
+    go(Route::act(project, act));
+    clock.advance(1000);
+    auto& button = get<QAbstractButton>(QStringLiteral("新 Take"), tiles()[2]);
+    button.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&button, Qt::Key_Space);
+    settle();
+    EXPECT_EQ(route().shotID(), shots[2]);
+    EXPECT_TRUE(route().takeID());
+    EXPECT_FALSE(notes().hasFocus()) << "the key may still be held";
 }
 
 TEST_F(ActViewTest, AnEmptyActSaysHowToBegin) {

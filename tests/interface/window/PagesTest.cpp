@@ -138,6 +138,9 @@ TEST_F(PagesTest, AShotWithoutTakesSaysHowToBegin) {
     store->updateShot(project, act, shot, [](Shot& record) { record.takes.clear(); });
     go(shotRoute());
     EXPECT_TRUE(shows(QStringLiteral("准备好开拍后，新建第一条 Take。笔记和素材名逐条记录。")));
+    clickOnPage(QStringLiteral("新 Take"));
+    EXPECT_EQ(shotRecord().takes.size(), 1U);
+    EXPECT_TRUE(get<ParagraphEditor>(QStringLiteral("现场笔记 · 自由输入")).hasFocus());
 }
 
 TEST_F(PagesTest, TheResultIsChosenByClickAndByKey) {
