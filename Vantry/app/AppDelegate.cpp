@@ -13,7 +13,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "Vantry/app/Composition.h"
+#include "Vantry/app/FieldSettling.h"
 #include "Vantry/app/VantryStore.h"
 
 namespace vantry {

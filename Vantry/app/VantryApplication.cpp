@@ -4,7 +4,7 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
-#include "Vantry/app/Composition.h"
+#include "Vantry/app/FieldSettling.h"
 
 namespace vantry {
 

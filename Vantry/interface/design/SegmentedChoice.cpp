@@ -79,8 +79,13 @@ void SegmentedChoice::followChoice() {
 void SegmentedChoice::bringKeyboard() {
     const bool hasKeyboard = std::any_of(segments.cbegin(), segments.cend(),
                                          [](const Segment* segment) { return segment->hasFocus(); });
-    if (hasKeyboard && chosenIndex() >= 0)
-        segments[chosenIndex()]->setFocus(Qt::OtherFocusReason);
+    if (hasKeyboard)
+        focusChosen(Qt::OtherFocusReason);
+}
+
+void SegmentedChoice::focusChosen(Qt::FocusReason reason) {
+    if (Segment* const chosen = segments.value(chosenIndex()))
+        chosen->setFocus(reason);
 }
 
 void SegmentedChoice::keyPressEvent(QKeyEvent* event) {

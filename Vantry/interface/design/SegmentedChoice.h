@@ -26,6 +26,8 @@ public:
     void setChosen(int index);
     /// The choice that is set, or -1.
     [[nodiscard]] int chosenIndex() const;
+    /// Gives the keyboard to the choice that is set; none, no keyboard.
+    void focusChosen(Qt::FocusReason reason);
 
 signals:
     /// The person chose; also sent for the choice that is set already.

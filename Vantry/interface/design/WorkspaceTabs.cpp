@@ -10,9 +10,4 @@ void WorkspaceTabs::setTitles(const QStringList& titles, bool english) {
     setName(english ? QStringLiteral("Section") : QStringLiteral("页面"));
 }
 
-void WorkspaceTabs::focusChosen(Qt::FocusReason reason) {
-    if (Segment* chosen = findChildren<Segment*>().value(chosenIndex()))
-        chosen->setFocus(reason);
-}
-
 }  // namespace vantry

@@ -14,8 +14,6 @@ public:
 
     /// The titles in the language of the interface, and the name of the group in the same.
     void setTitles(const QStringList& titles, bool english);
-    /// Gives the keyboard to the tab that is chosen.
-    void focusChosen(Qt::FocusReason reason);
 };
 
 }  // namespace vantry

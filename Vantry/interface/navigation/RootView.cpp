@@ -7,7 +7,7 @@
 #include <QVBoxLayout>
 
 #include "Vantry/app/AppDelegate.h"
-#include "Vantry/app/Composition.h"
+#include "Vantry/app/FieldSettling.h"
 #include "Vantry/app/QtText.h"
 #include "Vantry/interface/design/Appearance.h"
 #include "Vantry/interface/design/Metrics.h"
@@ -83,6 +83,7 @@ RootView::RootView(VantryStore& opened, AppDelegate& guard)
     connect(sidebar, &Sidebar::routePressed, this, &RootView::go);
     connect(sidebar, &Sidebar::newProjectPressed, newProject, &NewProjectSheet::start);
     connect(sidebar, &Sidebar::newTakePressed, this, [this](const Route& shot) {
+        // Who makes takes in the tree stays there with the keyboard.
         PageContext inTree = context;
         inTree.go = [this](const Route& route) { go(route); };
         perform([&] { startNewTake(inTree, *shot.projectID(), *shot.actID(), *shot.shotID()); });

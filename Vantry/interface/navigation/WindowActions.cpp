@@ -5,7 +5,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
-#include "Vantry/app/Composition.h"
+#include "Vantry/app/FieldSettling.h"
 #include "Vantry/app/QtText.h"
 #include "Vantry/app/VantryStore.h"
 #include "Vantry/interface/design/ControlText.h"

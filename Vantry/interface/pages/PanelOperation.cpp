@@ -6,7 +6,7 @@
 #include <QPointer>
 #include <QWidget>
 
-#include "Vantry/app/Composition.h"
+#include "Vantry/app/FieldSettling.h"
 #include "Vantry/interface/pages/Contained.h"
 
 namespace vantry {

@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-#include "Vantry/app/Composition.h"
+#include "Vantry/app/FieldSettling.h"
 #include "Vantry/app/VantryStore.h"
 #include "Vantry/interface/design/Button.h"
 #include "Vantry/interface/design/Sheet.h"

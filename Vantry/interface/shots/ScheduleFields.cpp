@@ -9,7 +9,7 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
-#include "Vantry/app/Composition.h"
+#include "Vantry/app/FieldSettling.h"
 #include "Vantry/interface/design/Card.h"
 #include "Vantry/interface/design/Compose.h"
 #include "Vantry/interface/design/DateTimeField.h"

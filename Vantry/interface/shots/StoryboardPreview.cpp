@@ -5,7 +5,7 @@
 #include <QMimeData>
 #include <QPainter>
 
-#include "Vantry/app/Composition.h"
+#include "Vantry/app/FieldSettling.h"
 #include "Vantry/app/QtText.h"
 #include "Vantry/app/VantryStore.h"
 #include "Vantry/interface/design/ControlStates.h"

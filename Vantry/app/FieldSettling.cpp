@@ -1,4 +1,4 @@
-#include "Vantry/app/Composition.h"
+#include "Vantry/app/FieldSettling.h"
 
 #include <QAbstractButton>
 #include <QApplication>
